@@ -1,0 +1,23 @@
+#include "handler/host_notifications.h"
+
+#include <atomic>
+
+namespace kzcef {
+namespace {
+
+std::atomic<std::shared_ptr<HostNotifications>>& Published() {
+  static std::atomic<std::shared_ptr<HostNotifications>> published;
+  return published;
+}
+
+}  // namespace
+
+std::shared_ptr<HostNotifications> CurrentHostNotifications() {
+  return Published().load();
+}
+
+void PublishHostNotifications(std::shared_ptr<HostNotifications> notifications) {
+  Published().store(std::move(notifications));
+}
+
+}  // namespace kzcef
