@@ -1,0 +1,47 @@
+// The values that hold for the whole process once the runtime was started: what the host's settings
+// said, kept for the rooms that need it later.
+//
+// The host's thread writes them, at start-up and (the host kind) whenever the host names itself;
+// any thread may read. Every accessor answers a copy.
+#pragma once
+
+#include <map>
+#include <string>
+
+namespace kzcef {
+
+// Switch names to switch values, both as the host gave them, in ordinal order of the names.
+using CommandLineArgs = std::map<std::wstring, std::wstring>;
+
+CommandLineArgs CommandLineArgTable();
+// Replaces the table as a whole.
+void SetCommandLineArgTable(CommandLineArgs args);
+
+// The kind of host in the letter case in which it was given; empty until the host named itself.
+std::wstring HostKind();
+void SetHostKind(std::wstring kind);
+// Whether `text` is one of the names of a kind of host, letter case ignored.
+bool IsKnownHostKind(const std::wstring& text);
+
+// The engine's cache directory: what the host asked for, then the directory really used.
+std::wstring CachePath();
+void SetCachePath(std::wstring path);
+
+// The library with the texts in the host's language; empty when the host named none.
+std::wstring LanguageResourcePath();
+void SetLanguageResourcePath(std::wstring path);
+
+// The accept-language list of the host's settings; empty when it gave none.
+std::wstring AcceptLanguageList();
+void SetAcceptLanguageList(std::wstring list);
+
+// Whether the host's accept-language list stands as it is, so that navigations leave the engine's
+// preference alone. False until start-up sets it.
+bool IsAcceptLanguageOverridden();
+void SetAcceptLanguageOverridden(bool overridden);
+
+// The local hub's port as start-up wrote it; -1 as long as nobody did. Readers ask GetHubPort.
+int ConfiguredHubPort();
+void SetConfiguredHubPort(int port);
+
+}  // namespace kzcef
