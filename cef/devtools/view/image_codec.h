@@ -12,15 +12,25 @@ namespace cefedition {
 /// The widest and the highest picture that is decoded or encoded, in pixels.
 inline constexpr int kMaxImageSide = 16384;
 
-// The functions below use the Windows Imaging Component. They may be called on any thread on which
-// COM is initialised (either apartment), and report every failure by an empty result.
+// The functions below use the Windows Imaging Component. They may be called on any thread, and are
+// quicker on one that has initialised COM (in either way). They report every failure by an empty
+// result.
 
-/// Decodes a picture: PNG and JPEG, which carry the frames of a page, and whatever else the
-/// system's codecs recognise (ICO, BMP, GIF: the first frame). Empty for data that is damaged, cut
-/// short or of an unknown kind, and for a side longer than `kMaxImageSide`.
-std::optional<DecodedImage> DecodeImage(std::span<const uint8_t> data);
+/// Which kinds of picture a caller takes.
+enum class ImageKind {
+  kPng,
+  kJpeg,
+  kPngOrJpeg,
+  /// Whatever the system's codecs recognise: also ICO, BMP and GIF, of which the first frame.
+  kAny,
+};
 
-/// As `DecodeImage`, for PNG and JPEG only: anything else is refused.
+/// Decodes a picture. Empty for data that is damaged, cut short or of a kind not wanted, and for a
+/// side longer than `kMaxImageSide`.
+std::optional<DecodedImage> DecodeImage(std::span<const uint8_t> data,
+                                        ImageKind kind = ImageKind::kAny);
+
+/// `DecodeImage` for the frames of a page.
 std::optional<DecodedImage> DecodePngOrJpeg(std::span<const uint8_t> data);
 
 /// Encodes as PNG; `with_alpha` false writes an opaque picture without an alpha channel. Empty for

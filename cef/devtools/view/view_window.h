@@ -48,8 +48,8 @@ class ViewWindow {
 
   /// Creates the window. With `parent` it has the style given plus WS_CHILD, and `rect` is in the
   /// parent's client coordinates; without one it is a top-level window and `rect` is the outer
-  /// rectangle on the screen, where a left edge of CW_USEDEFAULT leaves the position, and a width
-  /// of CW_USEDEFAULT the size, to the system. It is shown only if `style` holds WS_VISIBLE.
+  /// rectangle on the screen, where a left edge of CW_USEDEFAULT leaves the position, and a right
+  /// edge of CW_USEDEFAULT the size, to the system. It is shown only if `style` holds WS_VISIBLE.
   /// `delegate` must outlive the object and hears nothing before this returns. Null when the
   /// window cannot be created, for example because `parent` is no window.
   static std::unique_ptr<ViewWindow> Create(HWND parent,
