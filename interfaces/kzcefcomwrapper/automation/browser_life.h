@@ -1,0 +1,49 @@
+// Whether a browser object of this library still exists, for those who hold no reference on it.
+#pragma once
+
+#include <windows.h>
+
+#include <unknwn.h>
+
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace kzcef {
+
+class CKZCEFComBrowser;
+
+// Shared by a browser object, which ends it, and by the registry and its walks, which may outlive
+// the object and call it from the engine's threads. Any thread.
+class BrowserLife {
+ public:
+  explicit BrowserLife(CKZCEFComBrowser* browser) : browser_(browser) {}
+  BrowserLife(const BrowserLife&) = delete;
+  BrowserLife& operator=(const BrowserLife&) = delete;
+
+  // Calls `use(browser)` while the object cannot go away, and answers whether it was there at all.
+  // The object's last reference may be given back inside. Keep it short: the thread that releases
+  // the object waits.
+  template <typename Use>
+  bool With(Use&& use) {
+    const std::scoped_lock lock(mutex_);
+    if (!browser_) {
+      return false;
+    }
+    use(*browser_);
+    return true;
+  }
+
+  // From the return on nobody uses the object any more.
+  void End() {
+    const std::scoped_lock lock(mutex_);
+    browser_ = nullptr;
+  }
+
+ private:
+  // Recursive, as giving back the last reference inside With ends the object on the same thread.
+  std::recursive_mutex mutex_;
+  CKZCEFComBrowser* browser_;
+};
+
+}  // namespace kzcef

@@ -1,0 +1,240 @@
+// The dispatchers of KZCEFCom: one walk over the handlers for each notification.
+
+#include <comutil.h>
+#include <wrl/client.h>
+
+#include "KZCEFComWrapper.h"
+#include "automation/browser.h"
+#include "automation/browser_life.h"
+#include "automation/kzcef_com.h"
+
+namespace kzcef {
+namespace {
+
+using Microsoft::WRL::ComPtr;
+
+__int64 HandleValue(HWND window) {
+  return reinterpret_cast<__int64>(window);
+}
+
+// The handler's own copy of a text, the same for all handlers of a walk. An empty text is an empty
+// BSTR and not a null one. Throws _com_error with E_OUTOFMEMORY.
+_bstr_t NotificationText(const std::wstring& text) {
+  const BSTR copy = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+  if (!copy) {
+    _com_issue_error(E_OUTOFMEMORY);
+  }
+  return {copy, false};
+}
+
+}  // namespace
+
+// Whether the pair's browser is the one in `window`. A browser that is gone or is none serves no
+// window. With `popup`, every browser examined leaves its flag there, whether it matches or not.
+bool KZCEFCom::Serves(const Pair& pair, HWND window, VARIANT_BOOL* popup) {
+  bool matches = false;
+  const auto examine = [&](auto&&...) {
+    ComPtr<IKZCEFComBrowser> browser;
+    if (!pair.browser ||
+        FAILED(pair.browser->QueryInterface(IID_PPV_ARGS(browser.GetAddressOf()))) || !browser) {
+      return;
+    }
+    __int64 handle = 0;
+    browser->GetWindowHandle(&handle);
+    if (popup) {
+      browser->get_PopupUserBrowser(popup);
+    }
+    matches = handle == HandleValue(window);
+  };
+  if (pair.browser_life) {
+    pair.browser_life->With(examine);
+  } else {
+    examine();
+  }
+  return matches;
+}
+
+// Calls `notify(Interface&)` on every handler of the browser in `window` that has the interface,
+// directly after telling it the window.
+template <typename Interface, typename Notify>
+void KZCEFCom::Walk(HWND window, Notify&& notify, VARIANT_BOOL* popup) const {
+  const std::shared_ptr<const Pairs> pairs = published_pairs_.load();
+  for (const Pair& pair : *pairs) {
+    if (!pair.handler || !Serves(pair, window, popup)) {
+      continue;
+    }
+    ComPtr<Interface> handler;
+    if (SUCCEEDED(pair.handler->QueryInterface(IID_PPV_ARGS(handler.GetAddressOf()))) && handler) {
+      handler->SetOwnerWndHandle(HandleValue(window));
+      notify(*handler.Get());
+    }
+  }
+}
+
+// The first listed browser object in `window` gets to offer its script handlers to the page.
+void KZCEFCom::PassPendingScriptHandlers(HWND window) const {
+  const std::shared_ptr<const BrowserList> browsers = browsers_.load();
+  for (const std::shared_ptr<BrowserLife>& life : *browsers) {
+    bool found = false;
+    if (life) {
+      life->With([&](CKZCEFComBrowser& browser) {
+        found = browser.WindowHandle() == window;
+        if (found) {
+          browser.ApplyPendingScriptHandlers();
+        }
+      });
+    }
+    if (found) {
+      return;
+    }
+  }
+}
+
+void KZCEFCom::AddressChangeNotify(HWND window, const std::wstring& new_address) {
+  PassPendingScriptHandlers(window);
+  const _bstr_t address = NotificationText(new_address);
+  Walk<IKZCEFComBrowserHandler>(
+      window, [&](IKZCEFComBrowserHandler& handler) { handler.AddressChangeNotify(address); });
+}
+
+void KZCEFCom::BeforeBrowseNotify(HWND window,
+                                  const std::wstring& request_url,
+                                  VARIANT_BOOL user_gesture,
+                                  VARIANT_BOOL is_redirect,
+                                  VARIANT_BOOL* cancel_navigation) {
+  const _bstr_t url = NotificationText(request_url);
+  Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
+    handler.BeforeBrowseNotify(url, user_gesture, is_redirect, cancel_navigation);
+  });
+}
+
+void KZCEFCom::BeforeContextMenuNotify(HWND window, VARIANT_BOOL* clear_model) {
+  Walk<IKZCEFComBrowserHandler2>(window, [&](IKZCEFComBrowserHandler2& handler) {
+    handler.BeforeContextMenuNotify(clear_model);
+  });
+}
+
+void KZCEFCom::BeforeDownloadNotify(HWND window,
+                                    BSTR* download_path_name,
+                                    VARIANT_BOOL* can_be_downloaded,
+                                    VARIANT_BOOL* show_save_as_dialog) {
+  Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
+    handler.BeforeDownloadNotify(download_path_name, can_be_downloaded, show_save_as_dialog);
+  });
+}
+
+void KZCEFCom::BeforePopupNotify(HWND window,
+                                 const std::wstring& url,
+                                 VARIANT_BOOL* popup,
+                                 VARIANT_BOOL* proceed) {
+  const _bstr_t target = NotificationText(url);
+  Walk<IKZCEFComBrowserHandler>(
+      window,
+      [&](IKZCEFComBrowserHandler& handler) { handler.BeforePopupNotify(target, popup, proceed); },
+      popup);
+}
+
+void KZCEFCom::BeforeResourceLoadNotify(HWND window, BSTR* url, BSTR* request_type_name) {
+  Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
+    handler.BeforeResourceLoadNotify(url, request_type_name);
+  });
+}
+
+void KZCEFCom::BrowserCreatedNotify(HWND window) {
+  PassPendingScriptHandlers(window);
+  Walk<IKZCEFComBrowserHandler>(
+      window, [](IKZCEFComBrowserHandler& handler) { handler.BrowserCreatedNotify(); });
+}
+
+void KZCEFCom::DownloadCompletedNotify(HWND window, const std::wstring& download_path_name) {
+  const _bstr_t path = NotificationText(download_path_name);
+  Walk<IKZCEFComBrowserHandler>(
+      window, [&](IKZCEFComBrowserHandler& handler) { handler.DownloadCompletedNotify(path); });
+}
+
+void KZCEFCom::DownloadUpdatedNotify(HWND window,
+                                     const std::wstring& download_path_name,
+                                     long download_status,
+                                     long percent_complete) {
+  const _bstr_t path = NotificationText(download_path_name);
+  Walk<IKZCEFComBrowserHandler2>(window, [&](IKZCEFComBrowserHandler2& handler) {
+    handler.DownloadUpdatedNotify(path, download_status, percent_complete);
+  });
+}
+
+void KZCEFCom::EscapeKeyNotify(HWND window) {
+  Walk<IKZCEFComBrowserHandler>(
+      window, [](IKZCEFComBrowserHandler& handler) { handler.EscapeKeyNotify(); });
+}
+
+void KZCEFCom::GetAuthCredentialsNotify(HWND window,
+                                        BSTR* origin_url,
+                                        VARIANT_BOOL* is_proxy,
+                                        BSTR* host,
+                                        long port,
+                                        BSTR* realm,
+                                        BSTR* scheme,
+                                        VARIANT_BOOL* should_continue,
+                                        BSTR* username,
+                                        BSTR* password) {
+  Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
+    handler.GetAuthCredentialsNotify(origin_url, is_proxy, host, port, realm, scheme,
+                                     should_continue, username, password);
+  });
+}
+
+void KZCEFCom::KeyStrokeNotify(HWND window, long windows_key_code, VARIANT_BOOL* is_handled) {
+  Walk<IKZCEFComBrowserHandler3>(window, [&](IKZCEFComBrowserHandler3& handler) {
+    handler.KeyStrokeNotify(windows_key_code, is_handled);
+  });
+}
+
+void KZCEFCom::LoadEndNotify(HWND window, long http_status) {
+  Walk<IKZCEFComBrowserHandler>(
+      window, [&](IKZCEFComBrowserHandler& handler) { handler.LoadEndNotify(http_status); });
+}
+
+void KZCEFCom::LoadStartNotify(HWND window, long transition_type) {
+  Walk<IKZCEFComBrowserHandler>(
+      window, [&](IKZCEFComBrowserHandler& handler) { handler.LoadStartNotify(transition_type); });
+}
+
+void KZCEFCom::LoadingStateChangeNotify(HWND window,
+                                        VARIANT_BOOL is_loading,
+                                        VARIANT_BOOL can_go_back,
+                                        VARIANT_BOOL can_go_forward) {
+  Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
+    handler.LoadingStateChangeNotify(is_loading, can_go_back, can_go_forward);
+  });
+}
+
+void KZCEFCom::ResourceLoadCompleteNotify(HWND window,
+                                          const std::wstring& request_url,
+                                          const std::wstring& json) {
+  const _bstr_t url = NotificationText(request_url);
+  const _bstr_t body = NotificationText(json);
+  Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
+    handler.ResourceLoadCompleteNotify(url, body);
+  });
+}
+
+void KZCEFCom::ResourceRedirectNotify(HWND window,
+                                      const std::wstring& old_url,
+                                      BSTR* new_url,
+                                      long status_code) {
+  const _bstr_t old = NotificationText(old_url);
+  Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
+    handler.ResourceRedirectNotify(old, new_url, status_code);
+  });
+}
+
+void KZCEFCom::ResourceResponseNotify(HWND window,
+                                      BSTR* url,
+                                      VARIANT_BOOL* modify_request,
+                                      long resource_type) {
+  Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
+    handler.ResourceResponseNotify(url, modify_request, resource_type);
+  });
+}
+
+}  // namespace kzcef

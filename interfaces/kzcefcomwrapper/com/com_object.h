@@ -1,0 +1,153 @@
+// Object identity, reference counting and aggregation for the coclasses.
+//
+// A coclass is an abstract class: it derives from CoClass over its most derived dual interface and
+// implements that interface's own members. ComObject makes a plain object of it, ComAggregate one
+// inside an outer object; CreateComObject chooses between them.
+#pragma once
+
+#include <windows.h>
+
+#include <oaidl.h>
+
+#include <atomic>
+#include <new>
+
+#include "com/dispatch.h"
+#include "com/module.h"
+
+namespace kzcef {
+
+// Base of a coclass whose interfaces form one line of inheritance: Primary is the most derived,
+// Bases are the ones below it. The object answers all of them and IDispatch through one pointer.
+template <typename Primary, typename... Bases>
+class CoClass : public DispatchImpl<Primary> {
+ public:
+  static bool Answers(REFIID iid) noexcept {
+    return IsEqualIID(iid, __uuidof(Primary)) || IsEqualIID(iid, IID_IDispatch) ||
+           (IsEqualIID(iid, __uuidof(Bases)) || ...);
+  }
+
+ protected:
+  ~CoClass() = default;
+};
+
+// An object of its own. Starts without a reference; keeps the DLL loaded while it lives.
+template <typename Class>
+class ComObject final : public Class {
+ public:
+  ComObject() { ModuleLock::Add(); }
+  ~ComObject() { ModuleLock::Release(); }
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+    if (!object) {
+      return E_POINTER;
+    }
+    if (!IsEqualIID(iid, IID_IUnknown) && !Class::Answers(iid)) {
+      *object = nullptr;
+      return E_NOINTERFACE;
+    }
+    *object = static_cast<IDispatch*>(this);
+    AddRef();
+    return S_OK;
+  }
+
+  ULONG STDMETHODCALLTYPE AddRef() override {
+    return references_.fetch_add(1, std::memory_order_relaxed) + 1;
+  }
+
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = references_.fetch_sub(1, std::memory_order_acq_rel) - 1;
+    if (left == 0) {
+      // Held up while the destructor runs, so that a reference taken and given back in there (by
+      // a callback of the host, say) does not destroy the object twice.
+      references_.store(1, std::memory_order_relaxed);
+      delete this;
+    }
+    return left;
+  }
+
+ private:
+  std::atomic<ULONG> references_{0};
+};
+
+// An object that lives inside `outer`: the coclass's interfaces hand identity and counting to the
+// outer object, and only the inner IUnknown, which the outer object holds, counts for itself.
+template <typename Class>
+class ComAggregate final : public IUnknown {
+ public:
+  explicit ComAggregate(IUnknown* outer) : contained_(outer) { ModuleLock::Add(); }
+  ~ComAggregate() { ModuleLock::Release(); }
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+    if (!object) {
+      return E_POINTER;
+    }
+    *object = nullptr;
+    if (IsEqualIID(iid, IID_IUnknown)) {
+      *object = static_cast<IUnknown*>(this);
+      AddRef();
+      return S_OK;
+    }
+    if (!Class::Answers(iid)) {
+      return E_NOINTERFACE;
+    }
+    *object = static_cast<IDispatch*>(&contained_);
+    contained_.AddRef();
+    return S_OK;
+  }
+
+  ULONG STDMETHODCALLTYPE AddRef() override {
+    return references_.fetch_add(1, std::memory_order_relaxed) + 1;
+  }
+
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = references_.fetch_sub(1, std::memory_order_acq_rel) - 1;
+    if (left == 0) {
+      references_.store(1, std::memory_order_relaxed);
+      delete this;
+    }
+    return left;
+  }
+
+ private:
+  class Contained final : public Class {
+   public:
+    explicit Contained(IUnknown* outer) : outer_(outer) {}
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+      return outer_->QueryInterface(iid, object);
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return outer_->AddRef(); }
+    ULONG STDMETHODCALLTYPE Release() override { return outer_->Release(); }
+
+   private:
+    // Not counted: the outer object owns this one.
+    IUnknown* const outer_;
+  };
+
+  std::atomic<ULONG> references_{0};
+  Contained contained_;
+};
+
+// Creates an object of Class, inside `outer` unless that is null, and answers its `iid`.
+// E_OUTOFMEMORY when it cannot be made; otherwise QueryInterface's answer, and an object that does
+// not answer `iid` is gone again.
+template <typename Class>
+HRESULT CreateComObject(IUnknown* outer, REFIID iid, void** object) noexcept {
+  if (!object) {
+    return E_POINTER;
+  }
+  *object = nullptr;
+  const auto answer = [&](auto* created) {
+    created->AddRef();
+    const HRESULT result = created->QueryInterface(iid, object);
+    created->Release();
+    return result;
+  };
+  try {
+    return outer ? answer(new ComAggregate<Class>(outer)) : answer(new ComObject<Class>());
+  } catch (...) {
+    return E_OUTOFMEMORY;
+  }
+}
+
+}  // namespace kzcef

@@ -1,0 +1,79 @@
+#include "server/class_table.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <mutex>
+
+#include "KZCEFComWrapper.h"
+#include "automation/application.h"
+#include "automation/browser.h"
+#include "automation/browser_handler.h"
+#include "automation/cookie_manager.h"
+#include "automation/settings.h"
+#include "automation/token.h"
+#include "com/com_object.h"
+
+namespace kzcef {
+namespace {
+
+// Guards the first creation of each factory.
+std::mutex factory_creation;
+
+std::array table{
+    ClassEntry{&CLSID_KZCEFComApplication, L"KZCEFComApplication class",
+               &CreateComObject<CKZCEFComApplication>, nullptr},
+    ClassEntry{&CLSID_KZCEFComBrowser, L"KZCEFComBrowser class", &CreateComObject<CKZCEFComBrowser>,
+               nullptr},
+    ClassEntry{&CLSID_KZCEFComBrowserHandler, L"KZCEFComBrowserHandler class",
+               &CreateComObject<CKZCEFComBrowserHandler>, nullptr},
+    ClassEntry{&CLSID_KZCEFComCookieManager, L"KZCEFComCookieManager class",
+               &CreateComObject<CKZCEFComCookieManager>, nullptr},
+    ClassEntry{&CLSID_KZCEFComToken, L"KZCEFComToken class", &CreateComObject<CKZCEFComToken>,
+               nullptr},
+    ClassEntry{&CLSID_KZCEFComSettings, L"KZCEFComSettings class",
+               &CreateComObject<CKZCEFComSettings>, nullptr},
+};
+
+// The cached factory of a row. Encoded, as a function table in writable memory is worth protecting.
+IUnknown* CachedFactory(ClassEntry& entry) noexcept {
+  void* const encoded = std::atomic_ref(entry.encoded_factory).load(std::memory_order_acquire);
+  return encoded ? static_cast<IUnknown*>(DecodePointer(encoded)) : nullptr;
+}
+
+HRESULT MakeFactory(ClassEntry& entry) noexcept {
+  const std::scoped_lock lock(factory_creation);
+  if (CachedFactory(entry)) {
+    return S_OK;
+  }
+  void* factory = nullptr;
+  const HRESULT result = ClassFactory::Create(entry.creator, IID_IUnknown, &factory);
+  if (SUCCEEDED(result)) {
+    std::atomic_ref(entry.encoded_factory).store(EncodePointer(factory), std::memory_order_release);
+  }
+  return result;
+}
+
+}  // namespace
+
+std::span<ClassEntry> ClassTable() noexcept {
+  return table;
+}
+
+HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** object) noexcept {
+  const auto entry =
+      std::ranges::find_if(table, [&](const ClassEntry& row) { return *row.clsid == clsid; });
+  if (entry == table.end()) {
+    return CLASS_E_CLASSNOTAVAILABLE;
+  }
+  if (!CachedFactory(*entry)) {
+    const HRESULT made = MakeFactory(*entry);
+    if (FAILED(made)) {
+      return made;
+    }
+  }
+  const HRESULT result = CachedFactory(*entry)->QueryInterface(iid, object);
+  return SUCCEEDED(result) && !*object ? CLASS_E_CLASSNOTAVAILABLE : result;
+}
+
+}  // namespace kzcef
