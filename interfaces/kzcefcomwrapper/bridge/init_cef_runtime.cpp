@@ -1,0 +1,11 @@
+#include "bridge/init_cef_runtime.h"
+
+#include "runtime/startup.h"
+
+namespace kzcef {
+
+kzCefBridgeImpl* InitCefRuntime(HINSTANCE instance, IKZCEFComSettings* settings) {
+  return StartCefRuntime(instance, settings) ? &BridgeSingleton() : nullptr;
+}
+
+}  // namespace kzcef

@@ -1,0 +1,14 @@
+// Starting CEF, once a process.
+#pragma once
+
+#include "bridge/kz_cef_bridge_impl.h"
+
+struct IKZCEFComSettings;
+
+namespace kzcef {
+
+// Starts CEF with `settings` on the calling thread. Answers the process's bridge, or null when CEF
+// did not start. `instance` is handed to CEF and may be null.
+kzCefBridgeImpl* InitCefRuntime(HINSTANCE instance, IKZCEFComSettings* settings);
+
+}  // namespace kzcef

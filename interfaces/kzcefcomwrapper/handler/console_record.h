@@ -1,0 +1,14 @@
+// The text of one page console message in the console log.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kzcef {
+
+// Five lines ending in CR LF: level, message, source, line number and a rule. `level` is CEF's log
+// severity; one without a name (neither debug, info, warning nor error) leaves the first line open,
+// so that "Message: " follows on it. Texts are UTF-8 and are taken as they are.
+std::string ConsoleRecord(int level, std::string_view message, std::string_view source, int line);
+
+}  // namespace kzcef

@@ -1,0 +1,194 @@
+// The CEF client of an embedded browser and of the popups that CEF opens from it.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "include/cef_client.h"
+#include "include/wrapper/cef_message_router.h"
+#include "include/wrapper/cef_resource_manager.h"
+
+namespace kzcef {
+
+// Turns CEF's browser-process callbacks into calls on its owner (the delegate), notifications for
+// the host's handlers, and decisions answered to CEF. A missing delegate, a missing host or one
+// that is closing is never an error: that part of a callback is left out.
+//
+// Callbacks arrive on CEF's UI thread unless CEF says otherwise. No error leaves a callback.
+class kzCefClientHandler : public CefClient,
+                           public CefContextMenuHandler,
+                           public CefDisplayHandler,
+                           public CefDownloadHandler,
+                           public CefDragHandler,
+                           public CefFocusHandler,
+                           public CefKeyboardHandler,
+                           public CefLifeSpanHandler,
+                           public CefLoadHandler,
+                           public CefRequestHandler,
+                           public CefResourceRequestHandler {
+ public:
+  // The owner of a handler. Called on CEF's UI thread; the order of the operations is fixed.
+  class Delegate {
+   public:
+    virtual void OnBrowserCreated(CefRefPtr<CefBrowser> browser) = 0;
+    virtual void OnBrowserClosing(CefRefPtr<CefBrowser> browser) = 0;
+    virtual void OnBrowserClosed(CefRefPtr<CefBrowser> browser) = 0;
+    // Main frame only; UTF-8.
+    virtual void OnSetAddress(const std::string& url) = 0;
+    // UTF-8.
+    virtual void OnSetTitle(const std::string& title) = 0;
+    virtual void OnSetFavicon(CefRefPtr<CefImage>) {}
+    virtual void OnSetFullscreen(bool fullscreen) = 0;
+    virtual void OnAutoResize(const CefSize& new_size) = 0;
+    virtual void OnSetLoadingState(bool is_loading, bool can_go_back, bool can_go_forward) = 0;
+    virtual void OnSetDraggableRegions(const std::vector<CefDraggableRegion>& regions) = 0;
+    virtual void OnTakeFocus(bool /*next*/) {}
+    virtual void OnBeforeContextMenu(CefRefPtr<CefMenuModel>) {}
+    virtual ~Delegate() = default;
+  };
+
+  // `delegate` is not owned and may be null; `startup_url` (UTF-8) is the browser's first URL.
+  kzCefClientHandler(Delegate* delegate, bool creation_flag, const std::string& startup_url);
+  kzCefClientHandler(const kzCefClientHandler&) = delete;
+  kzCefClientHandler& operator=(const kzCefClientHandler&) = delete;
+
+  // Asks CEF for a browser with this client; the browser arrives in OnAfterCreated. False when CEF
+  // does not take the request. Any thread of the browser process.
+  bool CreateBrowser(const CefWindowInfo& window_info,
+                     const CefBrowserSettings& settings,
+                     const CefString& url);
+
+  // The owner, or null. Any thread.
+  Delegate* delegate() const { return delegate_; }
+  // Makes `delegate` the owner from the next callback on. Any thread.
+  void SetDelegate(Delegate* delegate) { delegate_ = delegate; }
+  // Stops calling `delegate`; nothing when another one has become the owner meanwhile. Any thread.
+  // A call already on its way on the UI thread is not waited for.
+  void DetachDelegate(Delegate* delegate);
+
+  // Installs `handler` on the message router and keeps it until the last browser has closed. False,
+  // and `handler` is freed, while there is no browser. UI thread.
+  bool AddMessageHandler(std::unique_ptr<CefMessageRouterBrowserSide::Handler> handler);
+
+  bool creation_flag() const { return creation_flag_; }
+  const std::string& startup_url() const { return startup_url_; }
+  int32_t browser_count() const { return browser_count_; }
+  bool first_console_message() const { return first_console_message_; }
+  bool focus_on_editable_field() const { return focus_on_editable_field_; }
+  bool initial_navigation() const { return initial_navigation_; }
+  CefRefPtr<CefMessageRouterBrowserSide> message_router() const { return message_router_; }
+  CefRefPtr<CefResourceManager> resource_manager() const { return resource_manager_; }
+
+  // When set, CEF leaves the mouse cursor alone. UI thread.
+  void set_mouse_cursor_change_disabled(bool disabled) { mouse_cursor_change_disabled_ = disabled; }
+  // When set, browsers created from now on, and documents that become available, are cut off from
+  // the network. UI thread.
+  void set_offline(bool offline) { offline_ = offline; }
+  // When set, the first favicon of a page is fetched for the owner. UI thread.
+  void set_download_favicon_images(bool download) { download_favicon_images_ = download; }
+
+  // CefClient
+  CefRefPtr<CefContextMenuHandler> GetContextMenuHandler() override;
+  CefRefPtr<CefDisplayHandler> GetDisplayHandler() override;
+  CefRefPtr<CefDownloadHandler> GetDownloadHandler() override;
+  CefRefPtr<CefDragHandler> GetDragHandler() override;
+  CefRefPtr<CefFocusHandler> GetFocusHandler() override;
+  CefRefPtr<CefKeyboardHandler> GetKeyboardHandler() override;
+  CefRefPtr<CefLifeSpanHandler> GetLifeSpanHandler() override;
+  CefRefPtr<CefLoadHandler> GetLoadHandler() override;
+  CefRefPtr<CefRequestHandler> GetRequestHandler() override;
+
+  // CefDisplayHandler
+  // The owner hears of the main frame's address, the host of every frame's.
+  void OnAddressChange(CefRefPtr<CefBrowser> browser,
+                       CefRefPtr<CefFrame> frame,
+                       const CefString& url) override;
+  void OnTitleChange(CefRefPtr<CefBrowser> browser, const CefString& title) override;
+  void OnFaviconURLChange(CefRefPtr<CefBrowser> browser,
+                          const std::vector<CefString>& icon_urls) override;
+  void OnFullscreenModeChange(CefRefPtr<CefBrowser> browser, bool fullscreen) override;
+  // Always false: CEF writes the message to its own log as well.
+  bool OnConsoleMessage(CefRefPtr<CefBrowser> browser,
+                        cef_log_severity_t level,
+                        const CefString& message,
+                        const CefString& source,
+                        int line) override;
+  bool OnAutoResize(CefRefPtr<CefBrowser> browser, const CefSize& new_size) override;
+  bool OnCursorChange(CefRefPtr<CefBrowser> browser,
+                      CefCursorHandle cursor,
+                      cef_cursor_type_t type,
+                      const CefCursorInfo& custom_cursor_info) override;
+
+  // CefDownloadHandler
+  // Leaves the callback alone, so CEF drops the download.
+  void OnBeforeDownload(CefRefPtr<CefBrowser> browser,
+                        CefRefPtr<CefDownloadItem> download_item,
+                        const CefString& suggested_name,
+                        CefRefPtr<CefBeforeDownloadCallback> callback) override;
+
+  // CefLifeSpanHandler
+  // True cancels the popup: the host refused it or had the URL opened elsewhere, or it was a blank
+  // window, which stands for a wish to print the opener.
+  bool OnBeforePopup(CefRefPtr<CefBrowser> browser,
+                     CefRefPtr<CefFrame> frame,
+                     const CefString& target_url,
+                     const CefString& target_frame_name,
+                     CefLifeSpanHandler::WindowOpenDisposition target_disposition,
+                     bool user_gesture,
+                     const CefPopupFeatures& popup_features,
+                     CefWindowInfo& window_info,
+                     CefRefPtr<CefClient>& client,
+                     CefBrowserSettings& settings,
+                     CefRefPtr<CefDictionaryValue>& extra_info,
+                     bool* no_javascript_access) override;
+  void OnAfterCreated(CefRefPtr<CefBrowser> browser) override;
+  bool DoClose(CefRefPtr<CefBrowser> browser) override;
+  void OnBeforeClose(CefRefPtr<CefBrowser> browser) override;
+
+  // CefLoadHandler
+  void OnLoadingStateChange(CefRefPtr<CefBrowser> browser,
+                            bool is_loading,
+                            bool can_go_back,
+                            bool can_go_forward) override;
+  void OnLoadStart(CefRefPtr<CefBrowser> browser,
+                   CefRefPtr<CefFrame> frame,
+                   TransitionType transition_type) override;
+  void OnLoadEnd(CefRefPtr<CefBrowser> browser,
+                 CefRefPtr<CefFrame> frame,
+                 int http_status_code) override;
+  void OnLoadError(CefRefPtr<CefBrowser> browser,
+                   CefRefPtr<CefFrame> frame,
+                   ErrorCode error_code,
+                   const CefString& error_text,
+                   const CefString& failed_url) override;
+
+  // CefRequestHandler
+  void OnDocumentAvailableInMainFrame(CefRefPtr<CefBrowser> browser) override;
+
+ private:
+  // Written once.
+  const bool creation_flag_;
+  const std::string startup_url_;
+  bool mouse_cursor_change_disabled_ = false;
+  bool offline_ = false;
+  bool download_favicon_images_ = false;
+  // Exists exactly while there are browsers.
+  CefRefPtr<CefMessageRouterBrowserSide> message_router_;
+  const CefRefPtr<CefResourceManager> resource_manager_;
+  std::atomic<Delegate*> delegate_;
+  int32_t browser_count_ = 0;
+  const std::string console_log_file_ = "console.log";
+  bool first_console_message_ = true;
+  // What the renderer last reported.
+  bool focus_on_editable_field_ = false;
+  bool initial_navigation_ = true;
+  std::set<std::unique_ptr<CefMessageRouterBrowserSide::Handler>> message_handler_set_;
+
+  IMPLEMENT_REFCOUNTING(kzCefClientHandler);
+};
+
+}  // namespace kzcef

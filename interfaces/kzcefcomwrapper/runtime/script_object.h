@@ -1,0 +1,30 @@
+// A host object on its way to the process that runs a page's script.
+#pragma once
+
+#include <windows.h>
+
+#include <objidl.h>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "include/cef_process_message.h"
+
+namespace kzcef {
+
+// `object` marshalled for another process on this machine, to be unmarshalled there exactly once.
+// Nothing for a null object or one that cannot be marshalled. Called in the object's apartment.
+std::optional<std::vector<uint8_t>> MarshalScriptObject(IUnknown* object);
+
+// All of `stream` from its current position, read in blocks of 512 bytes up to the first that is
+// not full. Nothing when a read fails.
+std::optional<std::vector<uint8_t>> ReadInBlocks(IStream* stream);
+
+// The message to a page's process: argument 0 is the script name, argument 1 a binary value that
+// holds the base64 text of `marshalled`.
+CefRefPtr<CefProcessMessage> ScriptObjectMessage(const CefString& message_name,
+                                                 const CefString& script_name,
+                                                 const std::vector<uint8_t>& marshalled);
+
+}  // namespace kzcef
