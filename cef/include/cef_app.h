@@ -1,0 +1,46 @@
+#pragma once
+
+#include "include/cef_base.h"
+#include "include/cef_browser_process_handler.h"
+#include "include/cef_command_line.h"
+#include "include/cef_render_process_handler.h"
+#include "include/cef_resource_bundle_handler.h"
+#include "include/cef_scheme.h"
+
+class CefApp;
+
+// Runs the calling program as a sub-process if its command line says so. -1: this is the browser
+// process, go on; otherwise the exit code to leave with.
+int CefExecuteProcess(const CefMainArgs& args,
+                      CefRefPtr<CefApp> application,
+                      void* windows_sandbox_info);
+
+// Starts the engine on the calling thread, once a process. False when it could not be started.
+bool CefInitialize(const CefMainArgs& args,
+                   const CefSettings& settings,
+                   CefRefPtr<CefApp> application,
+                   void* windows_sandbox_info);
+
+// Stops the engine. Called on the thread of CefInitialize, after all browsers have closed.
+void CefShutdown();
+
+// Does one round of pending work, where the host owns the message loop.
+void CefDoMessageLoopWork();
+
+// Runs the message loop until CefQuitMessageLoop.
+void CefRunMessageLoop();
+
+// Ends CefRunMessageLoop.
+void CefQuitMessageLoop();
+
+// Process-wide hooks. The embedder implements it and hands it to CefInitialize and
+// CefExecuteProcess; every getter may be called more than once and may answer null.
+class CefApp : public virtual CefBaseRefCounted {
+ public:
+  virtual void OnBeforeCommandLineProcessing(const CefString& process_type,
+                                             CefRefPtr<CefCommandLine> command_line) {}
+  virtual void OnRegisterCustomSchemes(CefRawPtr<CefSchemeRegistrar> registrar) {}
+  virtual CefRefPtr<CefResourceBundleHandler> GetResourceBundleHandler() { return nullptr; }
+  virtual CefRefPtr<CefBrowserProcessHandler> GetBrowserProcessHandler() { return nullptr; }
+  virtual CefRefPtr<CefRenderProcessHandler> GetRenderProcessHandler() { return nullptr; }
+};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "include/cef_base.h"
+
+// A source of bytes that the client implements, as with the C file functions.
+class CefReadHandler : public virtual CefBaseRefCounted {
+ public:
+  virtual size_t Read(void* ptr, size_t size, size_t n) = 0;
+  virtual int Seek(int64_t offset, int whence) = 0;
+  virtual int64_t Tell() = 0;
+  virtual int Eof() = 0;
+  virtual bool MayBlock() = 0;
+};
+
+// Reads from a file, memory or a CefReadHandler.
+class CefStreamReader : public virtual CefBaseRefCounted {
+ public:
+  static CefRefPtr<CefStreamReader> CreateForFile(const CefString& fileName);
+  static CefRefPtr<CefStreamReader> CreateForData(void* data, size_t size);
+  static CefRefPtr<CefStreamReader> CreateForHandler(CefRefPtr<CefReadHandler> handler);
+  virtual size_t Read(void* ptr, size_t size, size_t n) = 0;
+  virtual int Seek(int64_t offset, int whence) = 0;
+  virtual int64_t Tell() = 0;
+  virtual int Eof() = 0;
+  virtual bool MayBlock() = 0;
+};
+
+// A sink of bytes that the client implements, as with the C file functions.
+class CefWriteHandler : public virtual CefBaseRefCounted {
+ public:
+  virtual size_t Write(const void* ptr, size_t size, size_t n) = 0;
+  virtual int Seek(int64_t offset, int whence) = 0;
+  virtual int64_t Tell() = 0;
+  virtual int Flush() = 0;
+  virtual bool MayBlock() = 0;
+};
+
+// Writes to a file or a CefWriteHandler.
+class CefStreamWriter : public virtual CefBaseRefCounted {
+ public:
+  static CefRefPtr<CefStreamWriter> CreateForFile(const CefString& fileName);
+  static CefRefPtr<CefStreamWriter> CreateForHandler(CefRefPtr<CefWriteHandler> handler);
+  virtual size_t Write(const void* ptr, size_t size, size_t n) = 0;
+  virtual int Seek(int64_t offset, int whence) = 0;
+  virtual int64_t Tell() = 0;
+  virtual int Flush() = 0;
+  virtual bool MayBlock() = 0;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+// The release of CEF whose API this edition declares, and the browser that it belongs to.
+
+#define CEF_VERSION_MAJOR 123
+#define CEF_VERSION_MINOR 0
+#define CEF_VERSION_PATCH 13
+
+#define CHROME_VERSION_MAJOR 123
+#define CHROME_VERSION_MINOR 0
+#define CHROME_VERSION_BUILD 6312
+#define CHROME_VERSION_PATCH 124
+
+#define CEF_VERSION "123.0.13+edition+chromium-123.0.6312.124"
+
+#define DO_MAKE_STRING(p) #p
+#define MAKE_STRING(p) DO_MAKE_STRING(p)
+
+extern "C" {
+
+// Number |entry|: 0 to 2 CEF's major, minor, patch; 3 the commit number (0); 4 to 7 the browser's
+// major, minor, build, patch. 0 for any other.
+int cef_version_info(int entry);
+
+}  // extern "C"

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <memory>
+
+#include "include/base/cef_build.h"
+#include "include/base/cef_ref_counted.h"
+
+// A counted reference.
+template <class T>
+using CefRefPtr = scoped_refptr<T>;
+
+// Sole ownership.
+template <class T, class D = std::default_delete<T>>
+using CefOwnPtr = std::unique_ptr<T, D>;
+
+// A pointer that is valid for the call only.
+template <class T>
+using CefRawPtr = T*;
