@@ -1,0 +1,75 @@
+#include "runtime/startup.h"
+
+#include <wrl/client.h>
+
+#include <optional>
+#include <string>
+
+#include "include/cef_app.h"
+#include "runtime/cache_directory.h"
+#include "runtime/command_line_source.h"
+#include "runtime/kz_cef_app.h"
+#include "runtime/settings_copy.h"
+#include "runtime/settings_reader.h"
+#include "utils/kzcefwrapperutils.h"
+#include "utils/process_settings.h"
+
+namespace kzcef {
+namespace {
+
+// Set by the first start and never cleared: that it is set is what refuses a second one.
+CefRefPtr<kzCefApp>& Application() {
+  static CefRefPtr<kzCefApp> application;
+  return application;
+}
+
+CommandLineArgs SwitchesOf(IKZCEFComSettings& settings) {
+  CommandLineArgs args;
+  Microsoft::WRL::ComPtr<ICommandLineSource> source;
+  if (SUCCEEDED(settings.QueryInterface(__uuidof(ICommandLineSource),
+                                        reinterpret_cast<void**>(source.GetAddressOf())))) {
+    source->CopyCommandLineArgs(&args);
+  }
+  return args;
+}
+
+void UseCacheDirectory(const std::string& directory,
+                       IKZCEFComSettings& host,
+                       CefSettings& settings) {
+  CefString(&settings.cache_path).FromString(directory);
+  SetCachePath(Utf8ToWide(directory));
+  const std::optional<std::wstring> log_file =
+      SettingsReader(host).Text(&IKZCEFComSettings::get_LogFile);
+  if (log_file && log_file->empty()) {
+    CefString(&settings.log_file).FromString(directory + "\\debug.log");
+  }
+}
+
+bool Start(IKZCEFComSettings& host) {
+  Application() = new kzCefApp;
+  CefSettings settings;
+  settings.no_sandbox = 1;
+  SetCommandLineArgTable(SwitchesOf(host));
+  CopySettings(host, settings);
+  if (ChooseCacheDirectory(CefString(&settings.cache_path).ToString())) {
+    UseCacheDirectory(ChosenCacheDirectory(), host, settings);
+  }
+  return CefInitialize(CefMainArgs(), settings, Application(), nullptr);
+}
+
+}  // namespace
+
+bool StartCefRuntime(HINSTANCE /*instance*/, IKZCEFComSettings* settings) noexcept {
+  if (Application() || !settings) {
+    return false;
+  }
+  try {
+    return Start(*settings);
+  } catch (...) {
+    // A lock file that cannot be read or deleted, or no memory left: a failed start, like CEF's own
+    // refusal.
+    return false;
+  }
+}
+
+}  // namespace kzcef
