@@ -3,3 +3,31 @@
 #   cef::cef   cef::base and the engine
 # With CEF_ROOT they are a CEF 123 binary distribution; without it, this repository's edition.
 set(CEF_ROOT "" CACHE PATH "A CEF 123 binary distribution for 64-bit Windows (empty: the edition in cef/)")
+
+if(CEF_ROOT)
+  foreach(needed include/cef_app.h include/cef_version.h libcef_dll Release/libcef.lib)
+    if(NOT EXISTS ${CEF_ROOT}/${needed})
+      message(FATAL_ERROR "CEF_ROOT=${CEF_ROOT} has no ${needed}: is it a CEF binary distribution?")
+    endif()
+  endforeach()
+  file(STRINGS ${CEF_ROOT}/include/cef_version.h major REGEX "^#define CHROME_VERSION_MAJOR ")
+  if(NOT major MATCHES " 123$")
+    message(WARNING "CEF_ROOT=${CEF_ROOT} is not CEF 123, which this project is written for")
+  endif()
+
+  # The distribution's own CMake files assume MSVC, its wrapper sources do not.
+  file(GLOB_RECURSE wrapper_sources CONFIGURE_DEPENDS ${CEF_ROOT}/libcef_dll/*.cc)
+  add_library(cef_distribution STATIC ${wrapper_sources})
+  target_include_directories(cef_distribution PRIVATE ${CEF_ROOT})
+  # A vendor's headers are system headers: our warnings are not for them.
+  target_include_directories(cef_distribution SYSTEM INTERFACE ${CEF_ROOT})
+  target_compile_definitions(cef_distribution
+    PRIVATE WRAPPING_CEF_SHARED
+    PUBLIC UNICODE _UNICODE NOMINMAX USING_CEF_SHARED=1)
+  if(NOT MSVC)
+    target_compile_options(cef_distribution PRIVATE -w)
+  endif()
+  target_link_libraries(cef_distribution PUBLIC ${CEF_ROOT}/Release/libcef.lib)
+  add_library(cef::base ALIAS cef_distribution)
+  add_library(cef::cef ALIAS cef_distribution)
+endif()

@@ -4,7 +4,7 @@ function(kz_strict target)
     target_compile_options(${target} PRIVATE /W4 /WX /permissive- /utf-8)
   else()
     target_compile_options(${target} PRIVATE
-      -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+      -Wall -Wextra -Wpedantic -Werror -Wshadow -Woverloaded-virtual
       -Wcast-qual -Wunused -Wnull-dereference
       # Automation and CEF callbacks have fixed parameter lists; the unused ones are left unnamed,
       # and GetProcAddress needs a cast that only this warning minds.

@@ -16,6 +16,14 @@
 #include "com/module.h"
 #include "server/class_table.h"
 
+#ifdef __MINGW32__
+// In MinGW-w64's oleaut32 but not in its headers.
+extern "C" {
+HRESULT WINAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* help_folder);
+HRESULT WINAPI UnRegisterTypeLibForUser(REFGUID library, WORD major, WORD minor, LCID, SYSKIND);
+}
+#endif
+
 namespace kzcef {
 namespace {
 

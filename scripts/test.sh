@@ -1,0 +1,22 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs everything that can be run: unit, contract and
+# end-to-end tests, the portable logic under sanitizers, the fuzzers, the benchmarks' short run, and
+# the checks of format and style. Arguments go to ctest (for instance: -L unit, -R Settings).
+# ctest's summary comes last; the exit status is not 0 when anything failed.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+# shellcheck source=scripts/lib/setup.sh
+. scripts/lib/setup.sh
+
+kz_install_packages "${KZ_BUILD_PACKAGES[@]}" "${KZ_TEST_PACKAGES[@]}"
+kz_configure_and_build native-sanitize
+kz_configure_and_build mingw
+kz_prepare_wine_prefix "$KZ_ROOT/build/wineprefix"
+kz_ensure_display
+
+# One Wine server for the whole run, so that not every test pays for its start.
+wineserver -p >/dev/null 2>&1 || true
+trap 'wineserver -k >/dev/null 2>&1 || true; kill "${KZ_XVFB_PID:-0}" 2>/dev/null || true' EXIT
+
+kz_say "testing"
+ctest --test-dir build/mingw -j "$(nproc)" --output-on-failure "$@"
