@@ -8,7 +8,7 @@ struct IKZCEFComSettings;
 namespace kzcef {
 
 // Starts CEF with `settings` on the calling thread. Answers the process's bridge, or null when CEF
-// did not start. `instance` is handed to CEF and may be null.
+// did not start; only the first call in a process can start it. Every `instance` is taken as null.
 kzCefBridgeImpl* InitCefRuntime(HINSTANCE instance, IKZCEFComSettings* settings);
 
 }  // namespace kzcef

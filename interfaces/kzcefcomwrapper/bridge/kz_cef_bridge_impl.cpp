@@ -8,8 +8,8 @@
 
 #include "include/cef_app.h"
 #include "include/wrapper/cef_closure_task.h"
+#include "runtime/cache_directory.h"
 #include "runtime/kz_cef_instance.h"
-#include "runtime/startup.h"
 
 namespace kzcef {
 namespace {
