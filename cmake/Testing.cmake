@@ -26,7 +26,13 @@ function(kz_add_test_program name)
     PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT "${ARG_ENVIRONMENT}")
 endfunction()
 
-# kz_add_unit_test(NAME SOURCES... LIBRARIES libs...): a test program under the label "unit".
+# kz_add_unit_test(NAME SOURCES... LIBRARIES libs...): a test program under the label "unit", or
+# "sanitize" in the native build, where the same tests run under the sanitizers.
 function(kz_add_unit_test name)
-  kz_add_test_program(${name} LABEL unit ${ARGN})
+  if(WIN32)
+    set(label unit)
+  else()
+    set(label sanitize)
+  endif()
+  kz_add_test_program(${name} LABEL ${label} ${ARGN})
 endfunction()

@@ -14,9 +14,7 @@ kz_configure_and_build mingw
 kz_prepare_wine_prefix "$KZ_ROOT/build/wineprefix"
 kz_ensure_display
 
-# One Wine server for the whole run, so that not every test pays for its start.
-wineserver -p >/dev/null 2>&1 || true
-trap 'wineserver -k >/dev/null 2>&1 || true; kill "${KZ_XVFB_PID:-0}" 2>/dev/null || true' EXIT
+kz_keep_wine_server
 
 kz_say "testing"
 ctest --test-dir build/mingw -j "$(nproc)" --output-on-failure "$@"

@@ -78,17 +78,29 @@ kz_prepare_wine_prefix() {
   wineserver -w || true
 }
 
-# kz_ensure_display: an X display for this shell's programs; starts Xvfb where there is none, and
-# ends it with the shell.
+# What this shell started and ends with it.
+KZ_XVFB_PID=
+KZ_WINE_SERVER_KEPT=
+kz_end_helpers() {
+  [ -z "$KZ_WINE_SERVER_KEPT" ] || wineserver -k >/dev/null 2>&1 || true
+  [ -z "$KZ_XVFB_PID" ] || kill "$KZ_XVFB_PID" 2>/dev/null || true
+}
+trap kz_end_helpers EXIT
+
+# kz_keep_wine_server: one Wine server for this shell's programs, so that not each pays for its start.
+kz_keep_wine_server() {
+  wineserver -p >/dev/null 2>&1 || return 0
+  KZ_WINE_SERVER_KEPT=1
+}
+
+# kz_ensure_display: an X display for this shell's programs; starts Xvfb where there is none.
 kz_ensure_display() {
   [ -z "${DISPLAY:-}" ] || return 0
-  local pipe
+  local pipe number
   pipe=$(mktemp -u)
   mkfifo "$pipe"
   Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$pipe" >/dev/null 2>&1 &
   KZ_XVFB_PID=$!
-  trap 'kill "$KZ_XVFB_PID" 2>/dev/null || true' EXIT
-  local number
   read -r -t 30 number <"$pipe" || kz_fail "Xvfb did not start"
   rm -f "$pipe"
   export DISPLAY=":$number"
