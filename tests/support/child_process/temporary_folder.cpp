@@ -1,0 +1,43 @@
+#include "temporary_folder.h"
+
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <system_error>
+
+#include "utils/kzcefwrapperutils.h"
+
+namespace kzcef {
+
+TemporaryFolder::TemporaryFolder() {
+  static int number = 0;
+  const std::wstring name = L"kzcef-test-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                            std::to_wstring(GetTickCount64()) + L"-" + std::to_wstring(number++);
+  const std::filesystem::path folder = std::filesystem::temp_directory_path() / name;
+  std::filesystem::create_directory(folder);
+  path_ = WideToUtf8(folder.wstring());
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(wide_path(), ignored);
+}
+
+std::wstring TemporaryFolder::wide_path() const {
+  return Utf8ToWide(path_);
+}
+
+std::string ContentOf(const std::string& path) {
+  std::ifstream file(std::filesystem::path(Utf8ToWide(path)), std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+void SetContent(const std::string& path, const std::string& content) {
+  std::ofstream file(std::filesystem::path(Utf8ToWide(path)), std::ios::binary);
+  file << content;
+}
+
+}  // namespace kzcef
