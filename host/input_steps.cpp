@@ -1,0 +1,59 @@
+#include "input_steps.h"
+
+namespace kzhost {
+namespace {
+
+constexpr LPARAM kOnePress = 1;
+constexpr LPARAM kReleased = static_cast<LPARAM>(0xC0000001);
+
+LPARAM ScanCode(WPARAM key) {
+  return static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_VSC)) << 16;
+}
+
+// The key of a character; 0 for one that has none on this keyboard.
+WPARAM KeyOf(wchar_t character) {
+  switch (character) {
+    case L'\n':
+      return VK_RETURN;
+    case L'\t':
+      return VK_TAB;
+    case L'\b':
+      return VK_BACK;
+    default: {
+      const SHORT key = VkKeyScanW(character);
+      return key == -1 ? 0 : static_cast<WPARAM>(LOBYTE(key));
+    }
+  }
+}
+
+}  // namespace
+
+bool PostClick(HWND window, int x, int y) {
+  if (!window) {
+    return false;
+  }
+  const LPARAM position = MAKELPARAM(x, y);
+  PostMessageW(window, WM_MOUSEMOVE, 0, position);
+  PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, position);
+  PostMessageW(window, WM_LBUTTONUP, 0, position);
+  return true;
+}
+
+bool PostText(HWND window, const std::wstring& text) {
+  if (!window) {
+    return false;
+  }
+  for (const wchar_t character : text) {
+    const WPARAM key = KeyOf(character);
+    if (key == 0) {
+      PostMessageW(window, WM_CHAR, character, kOnePress);
+      continue;
+    }
+    // The window's own message loop makes the WM_CHAR of it where it translates messages.
+    PostMessageW(window, WM_KEYDOWN, key, ScanCode(key) | kOnePress);
+    PostMessageW(window, WM_KEYUP, key, ScanCode(key) | kReleased);
+  }
+  return true;
+}
+
+}  // namespace kzhost

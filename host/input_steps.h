@@ -1,0 +1,17 @@
+// Mouse and keyboard input for a browser's window, as posted messages: the person at the desk is
+// not needed, and neither is the focus.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace kzhost {
+
+// A click with the left button at a position of the client area. False without a window.
+bool PostClick(HWND window, int x, int y);
+
+// The keys for a text; "\n" is the Enter key, "\t" Tab, "\b" Backspace. False without a window.
+bool PostText(HWND window, const std::wstring& text);
+
+}  // namespace kzhost

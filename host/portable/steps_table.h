@@ -1,0 +1,66 @@
+// The steps that a steps file may hold, and the members of each.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace kzhost {
+
+enum class Verb {
+  kAnswer,
+  kBrowser,
+  kCall,
+  kClick,
+  kClose,
+  kCreate,
+  kGet,
+  kGone,
+  kInit,
+  kLoad,
+  kMark,
+  kPixel,
+  kPut,
+  kQuit,
+  kRefresh,
+  kResize,
+  kScreenshot,
+  kScript,
+  kStart,
+  kType,
+  kWait,
+  kWaitFile,
+};
+
+enum class MemberKind {
+  kText,
+  kFlag,
+  kNumber,   // whole, not negative
+  kInteger,  // whole, of either sign
+  kObject,
+  kArray,
+  kColour,  // "#rrggbb"
+  kValue,   // a text, flag, number, null or array
+};
+
+struct MemberInfo {
+  std::string_view name;
+  MemberKind kind;
+  bool required = false;
+};
+
+struct StepInfo {
+  std::string_view name;
+  Verb verb;
+  std::span<const MemberInfo> members;
+
+  // Null when the step has no such member.
+  const MemberInfo* Find(std::string_view member) const;
+};
+
+// Null for a name that is no step.
+const StepInfo* FindStep(std::string_view name);
+
+// "a text", "a whole number of 0 or more" and so on.
+std::string_view Describe(MemberKind kind);
+
+}  // namespace kzhost

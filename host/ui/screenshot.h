@@ -1,0 +1,29 @@
+// Pictures of the host's windows, taken from the screen: what a person would see.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace kzhost {
+
+struct Picture {
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint8_t> bgra;  // rows from the top, no padding
+
+  COLORREF At(int x, int y) const;
+  // Whether every pixel has the same colour.
+  bool IsUniform() const;
+};
+
+// The client area of `window` as it is on the screen; what lies outside the screen is black. Empty
+// when Windows refuses.
+Picture TakePicture(HWND window);
+
+// Writes a PNG file. COM is initialised on the calling thread.
+HRESULT SavePng(const Picture& picture, const std::wstring& path);
+
+}  // namespace kzhost
