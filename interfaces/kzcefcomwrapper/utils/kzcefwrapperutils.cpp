@@ -37,6 +37,11 @@ std::optional<std::string> GetProcessImagePath(DWORD process_id) {
   if (!process) {
     return std::nullopt;
   }
+  // An ended process can be opened for as long as anybody holds a handle of it.
+  DWORD exit_code = STILL_ACTIVE;
+  if (GetExitCodeProcess(process.get(), &exit_code) && exit_code != STILL_ACTIVE) {
+    return std::nullopt;
+  }
   std::array<wchar_t, MAX_PATH> buffer;
   DWORD length = static_cast<DWORD>(buffer.size());
   if (!QueryFullProcessImageNameW(process.get(), 0, buffer.data(), &length)) {

@@ -16,8 +16,8 @@ std::string WideToUtf8(std::wstring_view text);
 
 DWORD GetCurrentPid();
 
-// The full path of a process's executable. Nothing when the process cannot be opened; an empty text
-// when it can, but does not tell its path or has one of 260 or more characters.
+// The full path of a process's executable. Nothing when the process cannot be opened or has ended;
+// an empty text when it runs, but does not tell its path or has one of 260 or more characters.
 std::optional<std::string> GetProcessImagePath(DWORD process_id);
 
 // The path of this process's executable in the ANSI code page, not in UTF-8; at most 260

@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <system_error>
 
@@ -31,8 +30,7 @@ std::wstring TemporaryFolder::wide_path() const {
 }
 
 std::string ContentOf(const std::string& path) {
-  std::ifstream file(std::filesystem::path(Utf8ToWide(path)), std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(file), {});
+  return ReadTextFile(path).value_or(std::string());
 }
 
 void SetContent(const std::string& path, const std::string& content) {
