@@ -1,0 +1,56 @@
+#!/usr/bin/env bash
+# Shows the product at work: installs what is missing, builds, registers the server for the current
+# user of a Wine prefix of its own, and opens a page in the sample host.
+#
+#   scripts/demo.sh [URL]
+#
+# Without a URL the page is samples/index.html from a local HTTP server. The notifications that the
+# host receives are printed as they come. With a display the window stays until it is closed;
+# without one it is opened under Xvfb and closed when the page is loaded. The last line is the path
+# of the screenshot.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+# shellcheck source=scripts/lib/setup.sh
+. scripts/lib/setup.sh
+
+url=${1:-}
+demo=$KZ_ROOT/build/demo
+bin=$KZ_ROOT/build/mingw/bin
+screenshot=$demo/screenshot.png
+
+kz_install_packages "${KZ_BUILD_PACKAGES[@]}"
+kz_configure_and_build mingw KZCEFComWrapper kzCefSubProc kzhost pelkor
+mkdir -p "$demo"
+kz_prepare_wine_prefix "$demo/wineprefix"
+
+server_pid=
+end_demo() {
+  [ -z "$server_pid" ] || kill "$server_pid" 2>/dev/null || true
+  kz_end_helpers
+}
+trap end_demo EXIT
+
+kz_say "registering the server for the current user"
+wine regsvr32 /s /n /i:user "$(winepath -w "$bin/KZCEFComWrapper.dll" 2>/dev/null)" ||
+  kz_fail "the server could not be registered"
+
+if [ -z "$url" ]; then
+  coproc SERVER { exec python3 -u scripts/lib/serve.py samples; }
+  server_pid=$SERVER_PID
+  read -r -t 20 url <&"${SERVER[0]}" || kz_fail "the local HTTP server did not start"
+fi
+
+quit=()
+if [ -z "${DISPLAY:-}" ]; then
+  quit=(--quit)
+fi
+kz_ensure_display
+
+kz_say "opening $url"
+rm -f "$screenshot"
+wine "$bin/kzhost.exe" --console --cache "$(winepath -w "$demo/cache" 2>/dev/null)" \
+  --screenshot "$(winepath -w "$screenshot" 2>/dev/null)" ${quit[@]+"${quit[@]}"} "$url" ||
+  kz_fail "the sample host ended with an error"
+
+kz_say "the screenshot is"
+printf '%s\n' "$screenshot"
