@@ -1,0 +1,336 @@
+#include "devtools/browser_core.h"
+
+#include <cmath>
+
+#include "devtools/console_message.h"
+#include "devtools/dialogs.h"
+#include "devtools/edition_browser.h"
+#include "devtools/edition_host.h"
+#include "devtools/engine.h"
+#include "devtools/engine_threads.h"
+#include "devtools/json_fields.h"
+#include "devtools/log.h"
+#include "devtools/page_report.h"
+
+namespace cefedition {
+namespace {
+
+// How long a page may take over its own closing before it is closed by force.
+constexpr std::chrono::milliseconds kPageCloseTimeout{3000};
+
+// What one zoom level means, as in Chromium.
+constexpr double kZoomFactor = 1.2;
+
+}  // namespace
+
+std::shared_ptr<BrowserCore> BrowserCore::Create(Engine& engine, int id, const BrowserSpec& spec) {
+  std::shared_ptr<BrowserCore> core(new BrowserCore(engine, id, spec));
+  return core->Init(spec) ? core : nullptr;
+}
+
+BrowserCore::BrowserCore(Engine& engine, int id, const BrowserSpec& spec)
+    : engine_(engine),
+      id_(id),
+      is_popup_(spec.opener != nullptr),
+      opener_window_(spec.opener ? spec.opener->state().window : nullptr),
+      client_(spec.client),
+      request_context_(spec.request_context),
+      session_(engine.connection()),
+      loads_(this),
+      view_(session_, this),
+      popups_(*this),
+      devtools_(*this) {}
+
+BrowserCore::~BrowserCore() = default;
+
+bool BrowserCore::Init(const BrowserSpec& spec) {
+  frames_ = std::make_unique<FrameTree>(weak_from_this());
+  browser_ = new EditionBrowser(shared_from_this());
+  host_ = new EditionHost(shared_from_this());
+  if (!view_.Create(spec.window_info)) {
+    frames_->Clear();
+    browser_ = nullptr;
+    host_ = nullptr;
+    return false;
+  }
+  ChangeState([&](State& state) { state.window = view_.hwnd(); });
+  engine_.OnBrowserCreated(shared_from_this());
+  if (const auto handler = client_ ? client_->GetLifeSpanHandler() : nullptr) {
+    handler->OnAfterCreated(browser_);
+  }
+  if (!is_popup_ && !spec.url.empty()) {
+    LoadUrl(frames_->main(), spec.url, {});
+  }
+  return true;
+}
+
+BrowserCore::State BrowserCore::state() const {
+  std::lock_guard hold(state_lock_);
+  return state_;
+}
+
+CefRefPtr<CefBrowser> BrowserCore::browser() const {
+  std::lock_guard hold(state_lock_);
+  return browser_;
+}
+
+CefRefPtr<CefBrowserHost> BrowserCore::host() const {
+  std::lock_guard hold(state_lock_);
+  return host_;
+}
+
+void BrowserCore::Post(std::function<void(BrowserCore&)> task) {
+  PostToUi([self = shared_from_this(), task = std::move(task)] {
+    if (!self->closed_) {
+      task(*self);
+    }
+  });
+}
+
+void BrowserCore::AttachPage(const std::string& target_id, const std::string& session_id) {
+  target_id_ = target_id;
+  frames_->SetMainId(target_id);
+  // A page's main frame bears the page's id. A popup comes without the empty first document that
+  // a page made to order has.
+  first_document_skipped_ = is_popup_;
+  history_reset_ = is_popup_;
+  if (is_popup_) {
+    loads_.ExpectTransition(target_id, TT_LINK);
+  }
+  PageSession& session = session_;
+  // First in the queue: what the host has asked for meanwhile comes after the page is set up.
+  session.Attach(session_id, [this](const PageSession::Sender& send) {
+    send("Page.enable", Json::object());
+    send("Runtime.enable", Json::object());
+    send("Log.enable", Json::object());
+    for (auto& [method, params] : PageReportCommands()) {
+      send(method, std::move(params));
+    }
+    send("Emulation.setUserAgentOverride", UserAgentParams());
+    // Requests of navigations only; sub-resources pass without a halt.
+    send("Fetch.enable",
+         {{"patterns",
+           Json::array({{{"resourceType", "Document"}, {"requestStage", "Request"}},
+                        {{"resourceType", "Document"}, {"requestStage", "Response"}}})}});
+    send("Runtime.runIfWaitingForDebugger", Json::object());
+  });
+  view_.StartPainting();
+  devtools_.OnPageReady();
+}
+
+Json BrowserCore::UserAgentParams() const {
+  return {{"userAgent", engine_.user_agent()}, {"acceptLanguage", engine_.accept_languages()}};
+}
+
+void BrowserCore::ApplyUserAgent() {
+  session_.Send("Emulation.setUserAgentOverride", UserAgentParams());
+}
+
+void BrowserCore::OnEvent(const ProtocolEvent& event) {
+  Enqueue([this, event] { Dispatch(event); });
+}
+
+void BrowserCore::Enqueue(std::function<void()> task) {
+  inbox_.push_back(std::move(task));
+  RunInbox();
+}
+
+void BrowserCore::RunInbox() {
+  if (inbox_running_) {
+    return;
+  }
+  const std::shared_ptr<BrowserCore> alive = shared_from_this();
+  inbox_running_ = true;
+  while (!inbox_held_ && !inbox_.empty() && !closed_) {
+    const std::function<void()> task = std::move(inbox_.front());
+    inbox_.pop_front();
+    task();
+  }
+  inbox_running_ = false;
+}
+
+void BrowserCore::Dispatch(const ProtocolEvent& event) {
+  const std::string& method = event.method;
+  const Json& params = event.params;
+  if (method == "Page.screencastFrame") {
+    view_.OnFrame(params);
+  } else if (method == "Page.frameStartedNavigating") {
+    OnFrameStartedNavigating(params);
+  } else if (method == "Page.frameRequestedNavigation") {
+    loads_.OnRequestedByPage(TextField(params, "frameId"), TextField(params, "reason"),
+                             TextField(params, "url"));
+  } else if (method == "Page.frameStartedLoading") {
+    loads_.OnStartedLoading(TextField(params, "frameId"));
+  } else if (method == "Page.frameStoppedLoading") {
+    loads_.OnStoppedLoading(TextField(params, "frameId"));
+  } else if (method == "Page.frameNavigated") {
+    OnFrameNavigated(params);
+  } else if (method == "Page.navigatedWithinDocument") {
+    OnWithinDocument(params);
+  } else if (method == "Page.frameAttached") {
+    frames_->Touch(TextField(params, "frameId"), TextField(params, "parentFrameId"));
+  } else if (method == "Page.frameDetached") {
+    frames_->Remove(TextField(params, "frameId"));
+    loads_.OnFrameRemoved(TextField(params, "frameId"));
+  } else if (method == "Fetch.requestPaused") {
+    OnRequestPaused(params);
+  } else if (method == "Runtime.executionContextCreated") {
+    OnContextCreated(params);
+  } else if (method == "Runtime.consoleAPICalled" || method == "Runtime.exceptionThrown" ||
+             method == "Log.entryAdded") {
+    OnConsole(method, params);
+  } else if (method == "Runtime.bindingCalled") {
+    OnPageReport(params);
+  } else if (method == "Page.javascriptDialogOpening") {
+    dialog_open_ = true;
+    OnDialogOpening(*this, params);
+  } else if (method == "Page.javascriptDialogClosed") {
+    dialog_open_ = false;
+    // A page that asked whether it may be left, and may not, stays.
+    closing_ = closing_ && BoolField(params, "result");
+    OnDialogClosed(*this);
+  } else if (method == "Page.windowOpen") {
+    popups_.OnWindowOpen(params);
+  }
+}
+
+void BrowserCore::OnContextCreated(const Json& params) {
+  const Json& context = Field(params, "context");
+  const Json& data = Field(context, "auxData");
+  if (!BoolField(data, "isDefault")) {
+    return;
+  }
+  if (const auto frame = frames_->Find(TextField(data, "frameId"))) {
+    frame->SetContext(TextField(context, "uniqueId"));
+  }
+}
+
+void BrowserCore::OnPopupPage(const Json& target_info, const std::string& session_id) {
+  Enqueue([this, target_info, session_id] { popups_.OnPage(target_info, session_id); });
+}
+
+void BrowserCore::OnPageGone() {
+  if (closed_ || closing_) {
+    CloseNow();
+    return;
+  }
+  closing_ = true;
+  if (const auto handler = client_ ? client_->GetLifeSpanHandler() : nullptr) {
+    handler->DoClose(browser_);
+  }
+  CloseNow();
+}
+
+void BrowserCore::OnPageCrashed(const std::string& status) {
+  Enqueue([this, status] {
+    Log(LOGSEVERITY_ERROR, "The page process of browser " + std::to_string(id_) + " " + status);
+    cef_termination_status_t reason = TS_PROCESS_CRASHED;
+    if (status == "killed") {
+      reason = TS_PROCESS_WAS_KILLED;
+    } else if (status == "oom") {
+      reason = TS_PROCESS_OOM;
+    } else if (status == "abnormal") {
+      reason = TS_ABNORMAL_TERMINATION;
+    }
+    loads_.OnCrashed();
+    if (const auto handler = client_ ? client_->GetRequestHandler() : nullptr) {
+      handler->OnRenderProcessTerminated(browser_, reason);
+    }
+  });
+}
+
+void BrowserCore::Close(bool force) {
+  Post([force](BrowserCore& core) { core.CloseAfterAsking(force); });
+}
+
+void BrowserCore::CloseAfterAsking(bool force) {
+  if (closing_ && !force) {
+    return;
+  }
+  if (!closing_) {
+    const auto handler = client_ ? client_->GetLifeSpanHandler() : nullptr;
+    if (handler && handler->DoClose(browser_)) {
+      return;
+    }
+  }
+  closing_ = true;
+  if (force || session_.id().empty()) {
+    CloseNow();
+    return;
+  }
+  // The page may still ask its user whether to leave; until that is answered it stays open.
+  session_.Send("Page.close");
+  if (const std::shared_ptr<TaskThread> ui = FindEngineThread(TID_UI)) {
+    ui->PostDelayed(
+        [weak = weak_from_this()] {
+          const auto core = weak.lock();
+          if (core && core->closing_ && !core->dialog_open_) {
+            core->CloseNow();
+          }
+        },
+        kPageCloseTimeout);
+  }
+}
+
+void BrowserCore::CloseNow() {
+  if (closed_) {
+    return;
+  }
+  const std::shared_ptr<BrowserCore> alive = shared_from_this();
+  closed_ = true;
+  closing_ = true;
+  view_.Destroy();
+  if (!session_.id().empty()) {
+    engine_.CloseTarget(target_id_);
+  }
+  session_.Detach();
+  devtools_.OnPageGone();
+  ChangeState([](State& state) {
+    state.window = nullptr;
+    state.loading = false;
+  });
+  if (const auto handler = client_ ? client_->GetLifeSpanHandler() : nullptr) {
+    handler->OnBeforeClose(browser_);
+  }
+  frames_->Clear();
+  inbox_.clear();
+  ChangeState([this](State& state) {
+    state.valid = false;
+    browser_ = nullptr;
+    host_ = nullptr;
+  });
+  engine_.OnBrowserClosed(id_);
+}
+
+void BrowserCore::SetZoomLevel(double level) {
+  ChangeState([&](State& state) { state.zoom_level = level; });
+  Post([level](BrowserCore& core) { core.view_.SetZoom(std::pow(kZoomFactor, level)); });
+}
+
+void BrowserCore::OnViewCloseRequested() {
+  Close(/*force=*/false);
+}
+
+void BrowserCore::OnViewDestroyed() {
+  // Posted, because the window may go in the middle of anything, also of a callback.
+  ChangeState([](State& state) { state.window = nullptr; });
+  Post([](BrowserCore& core) { core.CloseNow(); });
+}
+
+void BrowserCore::OnViewFocus(bool focused) {
+  ChangeState([&](State& state) { state.focused = focused; });
+  Post([focused](BrowserCore& core) {
+    const auto handler = core.client_ ? core.client_->GetFocusHandler() : nullptr;
+    if (handler && focused) {
+      handler->OnGotFocus(core.browser_);
+    }
+  });
+}
+
+void BrowserCore::OnViewInput(const std::string& method) {
+  if (method == "Input.dispatchKeyEvent" || method == "Input.dispatchMouseEvent") {
+    last_input_ = std::chrono::steady_clock::now();
+  }
+}
+
+}  // namespace cefedition

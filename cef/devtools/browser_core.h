@@ -1,0 +1,212 @@
+#pragma once
+
+#include <windows.h>
+
+#include <chrono>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include "devtools/devtools_access.h"
+#include "devtools/frame_tree.h"
+#include "devtools/load_tracker.h"
+#include "devtools/page_session.h"
+#include "devtools/page_view.h"
+#include "devtools/popup_requests.h"
+#include "include/cef_client.h"
+#include "include/cef_request_context.h"
+
+namespace cefedition {
+
+class EditionBrowser;
+class EditionHost;
+class Engine;
+
+/// What a browser is made from.
+struct BrowserSpec {
+  CefWindowInfo window_info;
+  CefRefPtr<CefClient> client;
+  std::string url;
+  CefBrowserSettings settings;
+  CefRefPtr<CefRequestContext> request_context;
+  /// A popup's opener; null for a browser that the host asked for.
+  std::shared_ptr<class BrowserCore> opener;
+};
+
+/// One browser: the page behind it, the window before it, and the way from the protocol's events to
+/// the client's callbacks. Unless said otherwise, everything runs on the UI thread.
+///
+/// The objects that the client holds (`CefBrowser`, `CefBrowserHost`, `CefFrame`) lead here. The
+/// engine keeps the core until the browser is closed; what remains afterwards answers, but does
+/// nothing.
+class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
+                    private LoadTracker::Delegate,
+                    private PageView::Delegate {
+ public:
+  /// What is answered on any thread without asking the browser.
+  struct State {
+    bool valid = true;
+    bool loading = false;
+    bool can_go_back = false;
+    bool can_go_forward = false;
+    bool has_document = false;
+    bool focused = false;
+    bool fullscreen = false;
+    HWND window = nullptr;
+    double zoom_level = 0;
+  };
+
+  /// Makes the browser with its window and calls `OnAfterCreated`. The page follows: what is asked
+  /// of it until then waits. Null when the window cannot be created.
+  static std::shared_ptr<BrowserCore> Create(Engine& engine, int id, const BrowserSpec& spec);
+
+  ~BrowserCore();
+  BrowserCore(const BrowserCore&) = delete;
+  BrowserCore& operator=(const BrowserCore&) = delete;
+
+  // Any thread.
+
+  int id() const { return id_; }
+  bool is_popup() const { return is_popup_; }
+  HWND opener_window() const { return opener_window_; }
+  CefRefPtr<CefClient> client() const { return client_; }
+  CefRefPtr<CefRequestContext> request_context() const { return request_context_; }
+  State state() const;
+  FrameTree& frames() { return *frames_; }
+  PageSession& session() { return session_; }
+  DevToolsAccess& devtools() { return devtools_; }
+  PageView& view() { return view_; }
+  /// The client's objects.
+  CefRefPtr<CefBrowser> browser() const;
+  CefRefPtr<CefBrowserHost> host() const;
+
+  /// Runs `task` on the UI thread unless the browser is closed by then.
+  void Post(std::function<void(BrowserCore&)> task);
+
+  void LoadUrl(CefRefPtr<EditionFrame> frame, const std::string& url, const std::string& referrer);
+  /// `offset` entries on (positive) or back in the history.
+  void GoInHistory(int offset);
+  void Reload(bool ignore_cache);
+  void StopLoad();
+  /// Runs script in a frame; errors arrive as console messages.
+  void Evaluate(CefRefPtr<EditionFrame> frame,
+                const std::string& code,
+                const std::string& script_url,
+                int start_line);
+  void Close(bool force);
+  void SetZoomLevel(double level);
+
+  // UI thread.
+
+  Engine& engine() { return engine_; }
+  const std::string& target_id() const { return target_id_; }
+  /// The main frame's title, as last reported.
+  const std::string& title() const { return title_; }
+
+  /// The browser has opened the page.
+  void AttachPage(const std::string& target_id, const std::string& session_id);
+  /// An event of the page's session.
+  void OnEvent(const ProtocolEvent& event);
+  /// Runs `task` after all events that have arrived so far.
+  void Enqueue(std::function<void()> task);
+  /// A page that this one has opened waits for the client's decision.
+  void OnPopupPage(const Json& target_info, const std::string& session_id);
+  /// The page closed itself, or was never opened.
+  void OnPageGone();
+  void OnPageCrashed(const std::string& status);
+  /// Closes at once: destroys the window and calls `OnBeforeClose`. Asks nobody.
+  void CloseNow();
+  /// Changes what the page is told of the user's languages.
+  void ApplyUserAgent();
+
+ private:
+  BrowserCore(Engine& engine, int id, const BrowserSpec& spec);
+  bool Init(const BrowserSpec& spec);
+
+  // Events, in the order of arrival; held back while an answer is awaited that an event needs.
+  void RunInbox();
+  Json UserAgentParams() const;
+  void Dispatch(const ProtocolEvent& event);
+  /// Asks for the history and holds all events until it is known, then runs `then`.
+  void WithHistory(std::function<void()> then);
+  void OnHistory(const Json& history);
+
+  void OnFrameNavigated(const Json& params);
+  void OnWithinDocument(const Json& params);
+  void OnFrameStartedNavigating(const Json& params);
+  void OnRequestPaused(const Json& params);
+  void OnContextCreated(const Json& params);
+  void OnConsole(const std::string& method, const Json& params);
+  void OnEvaluated(const Json& value);
+  void ReportConsole(const struct ConsoleMessage& message);
+  void OnPageReport(const Json& params);
+
+  void LoadUrlNow(CefRefPtr<EditionFrame> frame,
+                  const std::string& url,
+                  const std::string& referrer);
+  void CloseAfterAsking(bool force);
+
+  template <typename Change>
+  void ChangeState(Change change) {
+    std::lock_guard hold(state_lock_);
+    change(state_);
+  }
+
+  // LoadTracker::Delegate.
+  void OnLoadingChanged(bool loading) override;
+  bool OnNavigationStarting(const NavigationRequest& request) override;
+  void OnDocumentStarted(const std::string& frame_id, uint32_t transition) override;
+  void OnUrlChanged(const std::string& frame_id, const std::string& url) override;
+  void OnDocumentEnded(const std::string& frame_id, int http_status) override;
+  void OnLoadFailed(const std::string& frame_id,
+                    cef_errorcode_t error,
+                    const std::string& url) override;
+  bool HadRecentInput() const override;
+
+  // PageView::Delegate.
+  void OnViewCloseRequested() override;
+  void OnViewDestroyed() override;
+  void OnViewFocus(bool focused) override;
+  void OnViewInput(const std::string& method) override;
+
+  CefRefPtr<CefFrame> FrameFor(const std::string& frame_id);
+
+  Engine& engine_;
+  const int id_;
+  const bool is_popup_;
+  const HWND opener_window_;
+  const CefRefPtr<CefClient> client_;
+  const CefRefPtr<CefRequestContext> request_context_;
+
+  mutable std::mutex state_lock_;
+  State state_;
+  CefRefPtr<EditionBrowser> browser_;
+  CefRefPtr<EditionHost> host_;
+
+  PageSession session_;
+  std::unique_ptr<FrameTree> frames_;
+  LoadTracker loads_;
+  PageView view_;
+  PopupRequests popups_;
+  DevToolsAccess devtools_;
+
+  std::string target_id_;
+  std::deque<std::function<void()>> inbox_;
+  bool inbox_held_ = false;
+  bool inbox_running_ = false;
+  /// The page's first document, an empty one that the host did not ask for, has been passed over.
+  bool first_document_skipped_ = false;
+  bool history_reset_ = false;
+  /// The client has agreed to the closing, which the page may still refuse.
+  bool closing_ = false;
+  bool dialog_open_ = false;
+  bool closed_ = false;
+  std::string title_;
+  /// What the navigation under way sends, for `OnBeforeBrowse`.
+  const Json* paused_request_ = nullptr;
+  std::chrono::steady_clock::time_point last_input_;
+};
+
+}  // namespace cefedition

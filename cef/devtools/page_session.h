@@ -1,0 +1,49 @@
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include "devtools/protocol_connection.h"
+
+namespace cefedition {
+
+/// The way to one page (a protocol session). Commands that are sent before the browser has opened
+/// the page wait for it; those sent after the page is gone fail. Any thread.
+class PageSession {
+ public:
+  explicit PageSession(std::weak_ptr<ProtocolConnection> connection);
+
+  void Send(const std::string& method,
+            Json params = Json::object(),
+            ProtocolConnection::ReplyHandler handler = {});
+
+  /// Sends one command of those that set a page up.
+  using Sender = std::function<void(const std::string& method, Json params)>;
+
+  /// The page is there: `set_up` sends its commands, then what waited is sent.
+  void Attach(const std::string& session_id, const std::function<void(const Sender&)>& set_up);
+
+  /// The page is gone, or will never be there. What waits is answered by a failure.
+  void Detach();
+
+  /// Empty before `Attach` and after `Detach`.
+  std::string id() const;
+
+ private:
+  struct Command {
+    std::string method;
+    Json params;
+    ProtocolConnection::ReplyHandler handler;
+  };
+  enum class State { kWaiting, kAttached, kDetached };
+
+  const std::weak_ptr<ProtocolConnection> connection_;
+  mutable std::mutex lock_;
+  State state_ = State::kWaiting;
+  std::string session_id_;
+  std::deque<Command> waiting_;
+};
+
+}  // namespace cefedition

@@ -1,0 +1,153 @@
+#include "devtools/page_view.h"
+
+#include <algorithm>
+
+#include "devtools/base64_bytes.h"
+#include "devtools/engine_threads.h"
+#include "devtools/json_fields.h"
+#include "devtools/text.h"
+#include "devtools/view/image_codec.h"
+
+namespace cefedition {
+
+PageView::PageView(PageSession& session, Delegate* delegate)
+    : session_(session), delegate_(delegate), self_(std::make_shared<PageView*>(this)) {}
+
+PageView::~PageView() = default;
+
+bool PageView::Create(const CefWindowInfo& info) {
+  RECT rect = {info.bounds.x, info.bounds.y, info.bounds.width, info.bounds.height};
+  if (info.bounds.width != CW_USEDEFAULT) {
+    rect.right = info.bounds.x + info.bounds.width;
+    rect.bottom = info.bounds.y + info.bounds.height;
+  }
+  const bool child = (info.style & WS_CHILD) != 0;
+  window_ = ViewWindow::Create(child ? info.parent_window : nullptr, info.style, rect, this);
+  if (window_ && info.window_name.length > 0) {
+    window_->SetTitle(CefString(&info.window_name).ToWString());
+  }
+  return window_ != nullptr;
+}
+
+void PageView::Destroy() {
+  *self_ = nullptr;
+  window_.reset();
+}
+
+HWND PageView::hwnd() const {
+  return window_ ? window_->hwnd() : nullptr;
+}
+
+SIZE PageView::CssSize() const {
+  const ViewWindow::Size size = window_ ? window_->GetSize() : ViewWindow::Size();
+  const double scale = (size.scale > 0 ? size.scale : 1.0) * zoom_;
+  return {std::max(1L, static_cast<LONG>(size.width_px / scale)),
+          std::max(1L, static_cast<LONG>(size.height_px / scale))};
+}
+
+void PageView::StartPainting() {
+  painting_ = true;
+  SendSize();
+  session_.Send("Emulation.setFocusEmulationEnabled", {{"enabled", true}});
+  session_.Send("Page.startScreencast", {{"format", "png"}});
+}
+
+void PageView::SendSize() {
+  const ViewWindow::Size size = window_ ? window_->GetSize() : ViewWindow::Size();
+  if (!painting_ || size.width_px <= 0 || size.height_px <= 0) {
+    return;
+  }
+  const SIZE css = CssSize();
+  session_.Send("Emulation.setDeviceMetricsOverride", {{"width", css.cx},
+                                                       {"height", css.cy},
+                                                       {"deviceScaleFactor", size.scale * zoom_},
+                                                       {"mobile", false}});
+}
+
+void PageView::OnFrame(const Json& params) {
+  // Decoded beside the UI thread; the acknowledgement, which asks for the next frame, waits for
+  // that, so that a busy page cannot pile frames up.
+  PostToBackground([self = self_, data = TextField(params, "data"),
+                    frame_session = IntField(params, "sessionId")] {
+    std::optional<DecodedImage> image = DecodePngOrJpeg(DecodeBase64(data));
+    auto shared = std::make_shared<std::optional<DecodedImage>>(std::move(image));
+    PostToUi([self, shared, frame_session] {
+      PageView* view = *self;
+      if (!view || !view->window_) {
+        return;
+      }
+      view->session_.Send("Page.screencastFrameAck", {{"sessionId", frame_session}});
+      if (*shared) {
+        view->window_->SetFrame(std::move(**shared));
+      }
+    });
+  });
+}
+
+void PageView::SetTitle(const std::string& title) {
+  // A child window's text is the host's affair.
+  if (hwnd() && (GetWindowLongPtrW(hwnd(), GWL_STYLE) & WS_CHILD) == 0) {
+    window_->SetTitle(Utf8ToWide(title));
+  }
+}
+
+void PageView::SetFocus(bool focus) {
+  if (focus && hwnd()) {
+    ::SetFocus(hwnd());
+  }
+}
+
+void PageView::SetHidden(bool hidden) {
+  if (hidden_ == hidden) {
+    return;
+  }
+  hidden_ = hidden;
+  if (painting_) {
+    if (hidden) {
+      session_.Send("Page.stopScreencast");
+    } else {
+      session_.Send("Page.startScreencast", {{"format", "png"}});
+    }
+  }
+}
+
+void PageView::Repaint() {
+  if (painting_ && !hidden_) {
+    session_.Send("Page.startScreencast", {{"format", "png"}});
+  }
+}
+
+void PageView::SetZoom(double factor) {
+  zoom_ = factor;
+  SendSize();
+}
+
+void PageView::OnViewResized(int, int, double) {
+  SendSize();
+}
+
+void PageView::OnViewInput(const std::string& method, const nlohmann::json& params) {
+  Json scaled = params;
+  for (const char* position : {"x", "y"}) {
+    if (Field(scaled, position).is_number()) {
+      scaled[position] = scaled[position].get<double>() / zoom_;
+    }
+  }
+  session_.Send(method, std::move(scaled));
+  delegate_->OnViewInput(method);
+}
+
+void PageView::OnViewCloseRequested() {
+  delegate_->OnViewCloseRequested();
+}
+
+void PageView::OnViewDestroyed() {
+  *self_ = nullptr;
+  delegate_->OnViewDestroyed();
+}
+
+void PageView::OnViewFocus(bool focused) {
+  delegate_->OnViewFocus(focused);
+}
+
+}  // namespace cefedition

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+
+#include "devtools/page_session.h"
+#include "devtools/view/view_window.h"
+#include "include/internal/cef_win.h"
+
+namespace cefedition {
+
+/// Keeps a page and the window that shows it alike: the page's frames go into the window, the
+/// window's size and input to the page. UI thread.
+class PageView : private ViewWindow::Delegate {
+ public:
+  class Delegate {
+   public:
+    virtual void OnViewCloseRequested() = 0;
+    /// The window is gone without `Destroy`.
+    virtual void OnViewDestroyed() = 0;
+    virtual void OnViewFocus(bool focused) = 0;
+    /// The user did something; the command has been sent to the page.
+    virtual void OnViewInput(const std::string& method) = 0;
+
+   protected:
+    ~Delegate() = default;
+  };
+
+  PageView(PageSession& session, Delegate* delegate);
+  ~PageView();
+  PageView(const PageView&) = delete;
+  PageView& operator=(const PageView&) = delete;
+
+  /// Creates the window. False when that fails.
+  bool Create(const CefWindowInfo& info);
+  void Destroy();
+
+  HWND hwnd() const;
+  /// The window's client area in CSS pixels, at least 1 by 1.
+  SIZE CssSize() const;
+
+  /// Sends the size and asks for frames. Once the page's session exists.
+  void StartPainting();
+  /// `Page.screencastFrame`.
+  void OnFrame(const Json& params);
+
+  void SetTitle(const std::string& title);
+  void SetFocus(bool focus);
+  /// A hidden page is not painted.
+  void SetHidden(bool hidden);
+  /// Has the page painted anew.
+  void Repaint();
+  /// Shows the page's content larger by this factor, as a browser's zoom does.
+  void SetZoom(double factor);
+
+ private:
+  void SendSize();
+
+  // ViewWindow::Delegate.
+  void OnViewResized(int width_px, int height_px, double scale) override;
+  void OnViewInput(const std::string& method, const nlohmann::json& params) override;
+  void OnViewCloseRequested() override;
+  void OnViewDestroyed() override;
+  void OnViewFocus(bool focused) override;
+
+  PageSession& session_;
+  Delegate* const delegate_;
+  std::unique_ptr<ViewWindow> window_;
+  bool painting_ = false;
+  bool hidden_ = false;
+  double zoom_ = 1.0;
+  /// Tells a picture that comes back from decoding whether the view is still the same.
+  std::shared_ptr<PageView*> self_;
+};
+
+}  // namespace cefedition
