@@ -1,0 +1,62 @@
+"""What every end-to-end test stands on: a display, a Wine prefix, a web site and the sample host.
+
+Environment: KZ_BIN names the folder with kzhost.exe and KZCEFComWrapper.dll (build/mingw/bin without
+it), WINEPREFIX the prefix (build/wineprefix without it), DISPLAY the display (an Xvfb of its own
+without it).
+"""
+
+import os
+import sys
+from pathlib import Path
+
+import pytest
+
+sys.path.insert(0, str(Path(__file__).parent))
+
+from support import processes, wine  # noqa: E402
+from support.host import HostStarter  # noqa: E402
+from support.site import Site  # noqa: E402
+
+
+def pytest_configure(config):
+    config.addinivalue_line("markers",
+                            "leaves_lock: the host is ended by force, so its lock stays behind")
+
+
+@pytest.fixture(scope="session")
+def display():
+    opened = wine.Display()
+    yield opened.name
+    opened.close()
+
+
+@pytest.fixture(scope="session")
+def prefix(display):
+    folder = Path(os.environ.get("WINEPREFIX", wine.REPOSITORY / "build/wineprefix"))
+    wine.prepare_prefix(folder, display)
+    return folder
+
+
+@pytest.fixture
+def site():
+    opened = Site()
+    yield opened
+    opened.close()
+
+
+@pytest.fixture
+def hosts(prefix, display, tmp_path):
+    starter = HostStarter(tmp_path, wine.environment(prefix, display))
+    yield starter
+    starter.close()
+
+
+@pytest.fixture(autouse=True)
+def nothing_left(request, tmp_path):
+    """After every test: no process of an engine whose profile is the test's, and no lock."""
+    yield
+    processes.wait_until(lambda: not processes.engine_processes(tmp_path), 15,
+                         f"the end of {processes.engine_processes(tmp_path)}")
+    if not request.node.get_closest_marker("leaves_lock"):
+        locks = list(tmp_path.rglob("cef.lock"))
+        assert not locks, f"left behind: {locks}"

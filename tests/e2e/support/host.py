@@ -1,0 +1,138 @@
+"""Runs kzhost.exe and reads what it writes."""
+
+import json
+import subprocess
+from pathlib import Path
+
+from . import processes, steps as step_list, wine
+
+# No run of the host takes longer; it is ended then, and the test fails.
+RUN_TIMEOUT = 150
+
+
+class Events:
+    """The lines of an events file."""
+
+    def __init__(self, lines):
+        self.all = lines
+
+    def notifications(self, name=None, browser="b1"):
+        return [e for e in self.all if "notification" in e
+                and (browser is None or e["browser"] == browser)
+                and (name is None or e["notification"] == name)]
+
+    def names(self, browser="b1"):
+        return [e["notification"] for e in self.notifications(browser=browser)]
+
+    def one(self, name, browser="b1"):
+        found = self.notifications(name, browser)
+        assert len(found) == 1, f"{len(found)} times {name}: {self.names(browser)}"
+        return found[0]
+
+    def values(self, name, argument, browser="b1"):
+        return [e[argument] for e in self.notifications(name, browser)]
+
+    def outcomes(self, do=None):
+        """What the host's own calls answered, in order."""
+        return [e for e in self.all if "step" in e and (do is None or e["do"] == do)]
+
+
+class Run:
+    """A host that has ended."""
+
+    def __init__(self, status, output, errors, events):
+        self.status = status
+        self.output = output
+        self.errors = errors
+        self.events = events
+
+    def succeeded(self):
+        assert self.status == 0, f"status {self.status}\n{self.errors}\n{self.output[-2000:]}"
+        return self.events
+
+
+class RunningHost:
+    def __init__(self, process, events_file, output_file, errors_file):
+        self.process = process
+        self._events_file = events_file
+        self._output_file = output_file
+        self._errors_file = errors_file
+
+    def events(self):
+        if not self._events_file.exists():
+            return Events([])
+        text = self._events_file.read_bytes().decode()
+        # The last line may be on its way.
+        return Events([json.loads(line) for line in text.split("\n")[:-1]])
+
+    def wait_for(self, name, browser="b1", timeout=40):
+        def there():
+            assert self.process.poll() is None, f"the host has ended: {self.errors()}"
+            return self.events().notifications(name, browser)
+        return processes.wait_until(there, timeout, f"the arrival of {name}")[0]
+
+    def errors(self):
+        # Wine's own remark about a missing 32-bit half is none of the host's.
+        lines = self._errors_file.read_text(errors="replace").splitlines(keepends=True)
+        return "".join(line for line in lines if not _is_wines(line))
+
+    def end_by_force(self):
+        self.process.kill()
+        self.process.wait()
+
+    def finish(self, timeout=RUN_TIMEOUT):
+        try:
+            status = self.process.wait(timeout)
+        except subprocess.TimeoutExpired:
+            self.end_by_force()
+            raise AssertionError(
+                f"the host did not end in {timeout} s\n{self.errors()}\n{self.events().all[-20:]}")
+        return Run(status, self._output_file.read_text(errors="replace"), self.errors(),
+                   self.events())
+
+
+def _is_wines(line):
+    return any(mark in line for mark in (
+        "it looks like wine32 is missing", "multiarch needs to be enabled first",
+        "execute \"dpkg --add-architecture", "apt-get install wine32"))
+
+
+class HostStarter:
+    """Starts hosts of one test; each gets files of its own in the test's folder."""
+
+    def __init__(self, folder, variables):
+        self.folder = Path(folder)
+        self.cache = self.folder / "cache"
+        self.variables = variables
+        self.started = []
+
+    def start(self, steps=None, url=None, switches=(), env=None, registered=False, cache=True):
+        number = len(self.started) + 1
+        name = lambda suffix: self.folder / f"host{number}.{suffix}"
+        command = ["wine", str(wine.bin_folder() / "kzhost.exe"),
+                   "--events", wine.windows_path(name("events"))]
+        if cache:
+            command += ["--cache", wine.windows_path(self.cache)]
+        if not registered:
+            command += ["--server", wine.windows_path(wine.bin_folder() / "KZCEFComWrapper.dll")]
+        if steps is not None:
+            name("steps").write_text(step_list.as_text(steps))
+            command += ["--run", wine.windows_path(name("steps"))]
+        command += list(switches)
+        if url:
+            command.append(url)
+        with open(name("output"), "wb") as output, open(name("errors"), "wb") as errors:
+            process = subprocess.Popen(command, cwd=self.folder, stdin=subprocess.DEVNULL,
+                                       stdout=output, stderr=errors,
+                                       env={**self.variables, **(env or {})})
+        host = RunningHost(process, name("events"), name("output"), name("errors"))
+        self.started.append(host)
+        return host
+
+    def run(self, steps=None, **arguments):
+        return self.start(steps, **arguments).finish()
+
+    def close(self):
+        for host in self.started:
+            if host.process.poll() is None:
+                host.end_by_force()

@@ -1,0 +1,68 @@
+"""Wine, the display and the programs under test."""
+
+import os
+import shutil
+import subprocess
+from pathlib import Path
+
+REPOSITORY = Path(__file__).resolve().parents[3]
+
+
+def bin_folder():
+    return Path(os.environ.get("KZ_BIN", REPOSITORY / "build/mingw/bin"))
+
+
+def windows_path(path):
+    """Z: is the machine's own root in every prefix."""
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def environment(prefix, display, extra=None):
+    variables = {
+        **os.environ,
+        "WINEPREFIX": str(prefix),
+        "WINEARCH": "win64",
+        "WINEDEBUG": os.environ.get("WINEDEBUG", "-all"),
+        "WINEDLLOVERRIDES": "mscoree,mshtml,winemenubuilder.exe=",
+        "DISPLAY": display,
+    }
+    # What a developer has set for experiments of their own would change what is tested.
+    for name in ("CefLogEnabled", "KZCefConsoleLog", "EnablePlatformRMB", "KZCEF_ENGINE_PATH"):
+        variables.pop(name, None)
+    variables.update(extra or {})
+    return variables
+
+
+def prepare_prefix(prefix, display):
+    """Creates the prefix if it is not there."""
+    if (prefix / "system.reg").exists():
+        return
+    prefix.mkdir(parents=True, exist_ok=True)
+    subprocess.run(["wine", "wineboot", "-i"], env=environment(prefix, display), timeout=120,
+                   check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+class Display:
+    """The display of the environment, or an Xvfb of its own where there is none."""
+
+    def __init__(self):
+        self._xvfb = None
+        self.name = os.environ.get("DISPLAY", "")
+        if not self.name:
+            self._start()
+
+    def _start(self):
+        assert shutil.which("Xvfb"), "there is neither a display nor Xvfb"
+        reader, writer = os.pipe()
+        self._xvfb = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-nolisten", "tcp"],
+            pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(writer)
+        with os.fdopen(reader) as pipe:
+            self.name = ":" + pipe.readline().strip()
+        assert self.name != ":", "Xvfb did not start"
+
+    def close(self):
+        if self._xvfb:
+            self._xvfb.terminate()
+            self._xvfb.wait()

@@ -1,0 +1,129 @@
+"""However it ends: no process, no lock and no hang."""
+
+import os
+import signal
+import threading
+
+import pytest
+
+from support import processes
+from support.site import LastingConnection
+from support.steps import created, do, load, loaded, wait
+
+
+@pytest.fixture
+def lasting():
+    connection = LastingConnection()
+    yield connection
+    connection.close()
+
+
+def locks(hosts):
+    return list(hosts.folder.rglob("cef.lock"))
+
+
+def test_lock_and_process_live_as_long_as_the_engine(hosts, site):
+    host = hosts.start([created(), loaded(), do("waitFile", path="seen", timeout=40_000)],
+                       url=site.page("/a.html"))
+    host.wait_for("LoadEndNotify")
+    assert [lock.parent for lock in locks(hosts)] == [hosts.cache]
+    assert processes.browser_process(hosts.cache)
+    (hosts.folder / "seen").touch()
+    host.finish().succeeded()
+    # That nothing is left is what every test checks at its end.
+
+
+def test_second_host_takes_a_cache_of_its_own(hosts, site):
+    first = hosts.start([created(), loaded(), do("waitFile", path="seen", timeout=60_000)],
+                        url=site.page("/a.html"))
+    first.wait_for("LoadEndNotify")
+    second = hosts.start([created(), loaded(), do("waitFile", path="seen", timeout=60_000)],
+                         url=site.page("/b.html"))
+    second.wait_for("LoadEndNotify")
+    assert sorted(lock.parent.name for lock in locks(hosts)) == ["cache", "kzhost_1"]
+    (hosts.folder / "seen").touch()
+    first.finish().succeeded()
+    second.finish().succeeded()
+
+
+def test_window_closed_by_its_user_ends_the_host(hosts, site):
+    run = hosts.run([created(), loaded(), do("close")], url=site.page("/a.html"))
+    run.succeeded()
+
+
+def test_window_closed_while_the_page_loads(hosts, site):
+    gate = threading.Event()
+    host = hosts.start([created(), wait("LoadingStateChangeNotify", IsLoading=True),
+                        do("waitFile", path="asked", timeout=40_000), do("close")],
+                       url=site.page("/never.html", gate=gate))
+    site.wait_for("/never.html")
+    (hosts.folder / "asked").touch()
+    host.finish().succeeded()
+
+
+def test_host_that_quits_at_once_after_the_start(hosts, site):
+    hosts.run([do("quit")], url=site.page("/a.html")).succeeded()
+
+
+def test_host_without_a_browser_ends(hosts):
+    hosts.run([do("init")]).succeeded()
+
+
+def test_crash_of_the_page_leaves_the_host_working(hosts, site, lasting):
+    url = site.page("/a.html", f"<script>new EventSource('{lasting.url}')</script>")
+    good = site.page("/good.html")
+    host = hosts.start([created(), loaded(), do("waitFile", path="connected", timeout=40_000),
+                        load("chrome://crash"), do("waitFile", path="crashed", timeout=40_000),
+                        do("mark"), load(good), wait("LoadEndNotify", httpStatus=200)], url=url)
+    assert lasting.opened.wait(40)
+    (hosts.folder / "connected").touch()
+    assert lasting.closed.wait(40), "the page did not crash"
+    (hosts.folder / "crashed").touch()
+    host.finish().succeeded()
+
+
+def test_crash_of_the_page_and_then_the_end(hosts, site, lasting):
+    url = site.page("/a.html", f"<script>new EventSource('{lasting.url}')</script>")
+    host = hosts.start([created(), loaded(), do("waitFile", path="connected", timeout=40_000),
+                        load("chrome://crash"), do("waitFile", path="crashed", timeout=40_000)],
+                       url=url)
+    assert lasting.opened.wait(40)
+    (hosts.folder / "connected").touch()
+    assert lasting.closed.wait(40), "the page did not crash"
+    (hosts.folder / "crashed").touch()
+    host.finish().succeeded()
+
+
+def test_killed_browser_process_closes_the_browser(hosts, site):
+    host = hosts.start([created(), loaded(), do("waitFile", path="killed", timeout=40_000),
+                        do("gone", timeout=40_000),
+                        # Nothing answers any more, and nothing hangs.
+                        load("about:blank", hresult=1), do("refresh", hresult=0),
+                        do("get", object="b1", property="URL", equals="")],
+                       url=site.page("/a.html"))
+    host.wait_for("LoadEndNotify")
+    os.kill(processes.browser_process(hosts.cache), signal.SIGKILL)
+    (hosts.folder / "killed").touch()
+    host.finish().succeeded()
+
+
+@pytest.mark.leaves_lock
+def test_killed_host_leaves_no_engine_and_its_cache_can_be_taken_again(hosts, site):
+    url = site.page("/a.html")
+    host = hosts.start([created(), loaded(), do("waitFile", path="never", timeout=100_000)],
+                       url=url)
+    host.wait_for("LoadEndNotify")
+    host.end_by_force()
+    processes.wait_until(lambda: not processes.engine_processes(hosts.folder), 20,
+                         "the end of the engine")
+    assert [lock.parent for lock in locks(hosts)] == [hosts.cache]
+    # The lock of a process that is gone is stale.
+    hosts.run([created(), loaded()], url=url).succeeded()
+    assert not locks(hosts)
+
+
+def test_host_that_stops_at_a_failing_step_cleans_up(hosts, site):
+    run = hosts.run([created(), loaded(),
+                     do("get", object="b1", property="URL", equals="http://elsewhere/")],
+                    url=site.page("/a.html"))
+    assert run.status == 1
