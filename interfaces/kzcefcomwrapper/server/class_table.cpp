@@ -41,15 +41,22 @@ IUnknown* CachedFactory(ClassEntry& entry) noexcept {
   return encoded ? static_cast<IUnknown*>(DecodePointer(encoded)) : nullptr;
 }
 
-HRESULT MakeFactory(ClassEntry& entry) noexcept {
-  const std::scoped_lock lock(factory_creation);
-  if (CachedFactory(entry)) {
+// The factory of a row in `factory`, made and cached on the first demand.
+HRESULT FactoryOf(ClassEntry& entry, IUnknown*& factory) noexcept {
+  factory = CachedFactory(entry);
+  if (factory) {
     return S_OK;
   }
-  void* factory = nullptr;
-  const HRESULT result = ClassFactory::Create(entry.creator, IID_IUnknown, &factory);
+  const std::scoped_lock lock(factory_creation);
+  factory = CachedFactory(entry);
+  if (factory) {
+    return S_OK;
+  }
+  void* made = nullptr;
+  const HRESULT result = ClassFactory::Create(entry.creator, IID_IUnknown, &made);
   if (SUCCEEDED(result)) {
-    std::atomic_ref(entry.encoded_factory).store(EncodePointer(factory), std::memory_order_release);
+    std::atomic_ref(entry.encoded_factory).store(EncodePointer(made), std::memory_order_release);
+    factory = static_cast<IUnknown*>(made);
   }
   return result;
 }
@@ -66,13 +73,12 @@ HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** object) noexcept {
   if (entry == table.end()) {
     return CLASS_E_CLASSNOTAVAILABLE;
   }
-  if (!CachedFactory(*entry)) {
-    const HRESULT made = MakeFactory(*entry);
-    if (FAILED(made)) {
-      return made;
-    }
+  IUnknown* factory = nullptr;
+  const HRESULT made = FactoryOf(*entry, factory);
+  if (FAILED(made)) {
+    return made;
   }
-  const HRESULT result = CachedFactory(*entry)->QueryInterface(iid, object);
+  const HRESULT result = factory->QueryInterface(iid, object);
   return SUCCEEDED(result) && !*object ? CLASS_E_CLASSNOTAVAILABLE : result;
 }
 
