@@ -91,11 +91,12 @@ std::string KeyOf(const CefKeyEvent& event) {
 
 std::optional<InputCommand> TranslateKeyEvent(const CefKeyEvent& event, TextAssembler& text) {
   KeyIdentity identity = IdentityOf(event);
-  KeyInput input{.modifiers = ModifiersOf(event.modifiers),
-                 .virtual_key = event.windows_key_code,
-                 .auto_repeat = (event.modifiers & EVENTFLAG_IS_REPEAT) != 0,
-                 .keypad = (event.modifiers & EVENTFLAG_IS_KEY_PAD) != 0 || IsKeypadKey(identity),
-                 .system_key = event.is_system_key != 0};
+  KeyInput input;
+  input.modifiers = ModifiersOf(event.modifiers);
+  input.virtual_key = event.windows_key_code;
+  input.auto_repeat = (event.modifiers & EVENTFLAG_IS_REPEAT) != 0;
+  input.keypad = (event.modifiers & EVENTFLAG_IS_KEY_PAD) != 0 || IsKeypadKey(identity);
+  input.system_key = event.is_system_key != 0;
   if (event.type == KEYEVENT_CHAR) {
     // A host that hands on WM_CHAR puts the character where key events have the key.
     const int unit = event.windows_key_code != 0 ? event.windows_key_code : event.character;
@@ -104,6 +105,7 @@ std::optional<InputCommand> TranslateKeyEvent(const CefKeyEvent& event, TextAsse
     const std::optional<std::string> typed = text.Add(static_cast<uint16_t>(unit));
     if (!typed)
       return std::nullopt;
+    // The number is the character's now and no longer a key's.
     identity.virtual_key = 0;
     input.action = KeyAction::kChar;
     input.virtual_key = unit;

@@ -34,6 +34,24 @@ bool IsMouseMessage(UINT message) {
   return (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_MOUSELEAVE;
 }
 
+/// Gives up focus and visibility so that destroying the window sends nothing to the parent, whose
+/// thread may be waiting for this one.
+void LeaveParent(HWND window) {
+  if (GetFocus() == window)
+    SetFocus(nullptr);
+  const HWND parent = GetAncestor(window, GA_PARENT);
+  if ((GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) == 0 || !parent)
+    return;
+  RECT rect{};
+  GetWindowRect(window, &rect);
+  MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&rect), 2);
+  SetWindowPos(window, nullptr, 0, 0, 0, 0,
+               SWP_HIDEWINDOW | SWP_NOREDRAW | SWP_DEFERERASE | SWP_NOACTIVATE | SWP_NOMOVE |
+                   SWP_NOSIZE | SWP_NOZORDER);
+  // The parent paints the place anew when it comes to it.
+  InvalidateRect(parent, &rect, TRUE);
+}
+
 class ViewWindowImpl final : public ViewWindow {
  public:
   explicit ViewWindowImpl(Delegate* delegate) : delegate_(delegate) {}
@@ -41,6 +59,7 @@ class ViewWindowImpl final : public ViewWindow {
   ~ViewWindowImpl() override {
     if (const HWND window = std::exchange(hwnd_, nullptr)) {
       SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+      LeaveParent(window);
       DestroyWindow(window);
     }
   }
