@@ -9,12 +9,6 @@
 
 namespace kzcef {
 
-#ifdef __GNUC__
-#pragma GCC diagnostic push
-// COM interfaces have no virtual destructor.
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-#endif
-
 // What the settings object of this library answers beyond its automation interface. It passes a C++
 // object and therefore works inside the process only: a settings object of somebody else's, or one
 // behind a proxy, does not have it and counts as holding no switches.
@@ -23,10 +17,6 @@ ICommandLineSource : public IKZCEFComSettings {
   // Writes a copy of the object's table to `args`. S_OK or E_OUTOFMEMORY.
   virtual HRESULT STDMETHODCALLTYPE CopyCommandLineArgs(CommandLineArgs * args) = 0;
 };
-
-#ifdef __GNUC__
-#pragma GCC diagnostic pop
-#endif
 
 }  // namespace kzcef
 
