@@ -67,12 +67,15 @@ void BrowserSession::Close() {
   if (browser_ && handler_) {
     calls_.UnregisterHandler(application_, browser_.Get(), handler_.Get());
   }
-  handler_.Reset();
-  browser_.Reset();
   window_.reset();
-  if (engine_window) {
-    PumpUntil([engine_window] { return !IsWindow(engine_window); }, kGoneTimeout);
-  }
+  // The engine hears of it on its own thread; the object knows when that is done with.
+  PumpUntil(
+      [this, engine_window] {
+        return !EngineWindow() && (!engine_window || !IsWindow(engine_window));
+      },
+      kGoneTimeout);
+  browser_.Reset();
+  handler_.Reset();
 }
 
 void BrowserSession::ShowNews() {

@@ -36,8 +36,8 @@ class BrowserSession final : private BrowserWindow::Delegate {
   // Creates the engine's browser in the view.
   HRESULT Start();
 
-  // Takes the handler back, releases the browser object and destroys the window, with which the
-  // engine's browser goes. Waits until its window is gone, at most ten seconds.
+  // Takes the handler back and destroys the window, with which the engine's browser goes; waits for
+  // that, at most ten seconds, and releases the browser object.
   void Close();
 
   // Lists what has arrived since the last time and brings the address bar up to date.

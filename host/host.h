@@ -58,7 +58,8 @@ class Host {
   void RunUntilClosed();
 
   // Closes in the order that the server wants: announces it, waits until no notification is under
-  // way, takes the handlers back, releases browsers and windows, stops the engine. Once only.
+  // way, takes the handlers back, destroys windows and releases browsers, stops the engine. Once
+  // only.
   void ShutDown();
 
   bool has_browsers() const { return !sessions_.empty(); }
