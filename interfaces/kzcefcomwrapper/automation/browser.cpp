@@ -20,13 +20,18 @@ CKZCEFComBrowser::CKZCEFComBrowser()
   KZCEFCom::Get()->AddBrowser(this, life_);
 }
 
-CKZCEFComBrowser::~CKZCEFComBrowser() {
+void CKZCEFComBrowser::FinalRelease() noexcept {
   // First of all, so that no walk comes here any more while the rest goes.
   life_->End();
-  if (bridge_) {
-    bridge_->DestroyInstance(instance_);
-  }
-  KZCEFCom::Get()->ForgetBrowser(this);
+  ComMember([&] {
+    if (bridge_) {
+      bridge_->DestroyInstance(instance_);
+    }
+    bridge_ = nullptr;
+    instance_ = nullptr;
+    KZCEFCom::Get()->ForgetBrowser(this);
+    return S_OK;
+  });
 }
 
 HRESULT CKZCEFComBrowser::GetWindowHandle(__int64* window) {
@@ -90,8 +95,12 @@ HRESULT CKZCEFComBrowser::RemoveJSHandler(BSTR name, IDispatch* object) {
 HRESULT CKZCEFComBrowser::StartBrowser(__int64 parent) {
   return ComMember([&] {
     if (bridge_) {
+      kzCefInstance* const before = bridge_->GetInstance();
       window_ = bridge_->StartBrowser(reinterpret_cast<HWND>(parent), url_.c_str());
-      instance_ = bridge_->GetInstance();
+      // A start that the bridge refuses leaves another browser's instance current.
+      if (kzCefInstance* const current = bridge_->GetInstance(); current != before) {
+        instance_ = current;
+      }
     }
     return S_OK;
   });

@@ -60,11 +60,14 @@ class CKZCEFComBrowser : public CoClass<IKZCEFComBrowser> {
   // new document needs them again. False without a bridge or before StartBrowser.
   bool ApplyPendingScriptHandlers();
 
+  // Gives the instance back and leaves the registry; nobody without a reference gets here any more.
+  void FinalRelease() noexcept;
+
  protected:
-  ~CKZCEFComBrowser();
+  ~CKZCEFComBrowser() = default;
 
  private:
-  kzCefBridge* const bridge_;
+  kzCefBridge* bridge_;
   kzCefInstance* instance_ = nullptr;
   HWND window_ = nullptr;
   VARIANT_BOOL popup_user_browser_ = VARIANT_FALSE;

@@ -49,9 +49,9 @@ std::shared_ptr<KZCEFCom> KZCEFCom::Existing() {
 }
 
 void KZCEFCom::AddHandler(IUnknown* handler, long addin_id) {
-  const std::scoped_lock lock(changes_);
   // Also when the handler is known already; see the header.
   handler->AddRef();
+  const std::scoped_lock lock(changes_);
   if (handlers_.try_emplace(Key(handler), addin_id).second) {
     references_.emplace(Key(handler), std::make_shared<HandlerReference>(handler));
   }

@@ -17,6 +17,28 @@
 
 namespace kzcef {
 
+// The count of an object's references. Once the last one is given back the object is going away,
+// and references taken and given back after that (by those who still see it while it cleans up)
+// count no more.
+class ReferenceCount {
+ public:
+  ULONG Add() noexcept { return references_.fetch_add(1, std::memory_order_relaxed) + 1; }
+
+  // The references left; 0 exactly once.
+  ULONG Release() noexcept {
+    ULONG count = references_.load(std::memory_order_relaxed);
+    while (!references_.compare_exchange_weak(count, count == 1 ? kGoing : count - 1,
+                                              std::memory_order_acq_rel)) {
+    }
+    return count - 1;
+  }
+
+ private:
+  // Far from what live objects reach.
+  static constexpr ULONG kGoing = 0x40000000;
+  std::atomic<ULONG> references_{0};
+};
+
 // Base of a coclass whose interfaces form one line of inheritance: Primary is the most derived,
 // Bases are the ones below it. The object answers all of them and IDispatch through one pointer.
 template <typename Primary, typename... Bases>
@@ -26,6 +48,10 @@ class CoClass : public DispatchImpl<Primary> {
     return IsEqualIID(iid, __uuidof(Primary)) || IsEqualIID(iid, IID_IDispatch) ||
            (IsEqualIID(iid, __uuidof(Bases)) || ...);
   }
+
+  // Called when the last reference is gone, while the object is still whole; a coclass that others
+  // may reach without a reference hides this with its own, and cuts them off there.
+  void FinalRelease() noexcept {}
 
  protected:
   ~CoClass() = default;
@@ -51,23 +77,19 @@ class ComObject final : public Class {
     return S_OK;
   }
 
-  ULONG STDMETHODCALLTYPE AddRef() override {
-    return references_.fetch_add(1, std::memory_order_relaxed) + 1;
-  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return references_.Add(); }
 
   ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = references_.fetch_sub(1, std::memory_order_acq_rel) - 1;
+    const ULONG left = references_.Release();
     if (left == 0) {
-      // Held up while the destructor runs, so that a reference taken and given back in there (by
-      // a callback of the host, say) does not destroy the object twice.
-      references_.store(1, std::memory_order_relaxed);
+      this->FinalRelease();
       delete this;
     }
     return left;
   }
 
  private:
-  std::atomic<ULONG> references_{0};
+  ReferenceCount references_;
 };
 
 // An object that lives inside `outer`: the coclass's interfaces hand identity and counting to the
@@ -96,14 +118,12 @@ class ComAggregate final : public IUnknown {
     return S_OK;
   }
 
-  ULONG STDMETHODCALLTYPE AddRef() override {
-    return references_.fetch_add(1, std::memory_order_relaxed) + 1;
-  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return references_.Add(); }
 
   ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = references_.fetch_sub(1, std::memory_order_acq_rel) - 1;
+    const ULONG left = references_.Release();
     if (left == 0) {
-      references_.store(1, std::memory_order_relaxed);
+      contained_.FinalRelease();
       delete this;
     }
     return left;
@@ -124,7 +144,7 @@ class ComAggregate final : public IUnknown {
     IUnknown* const outer_;
   };
 
-  std::atomic<ULONG> references_{0};
+  ReferenceCount references_;
   Contained contained_;
 };
 
