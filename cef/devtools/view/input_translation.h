@@ -62,7 +62,7 @@ class ClickCounter {
 };
 
 struct MouseContext {
-  HeldKeys keys;
+  HeldKeys keys{};
   /// Physical pixels in one CSS pixel. Anything not above 0 counts as 1.
   double scale = 1.0;
   /// Where the client area's top left corner is on the screen: wheel messages carry positions on
@@ -71,7 +71,7 @@ struct MouseContext {
   int origin_y = 0;
   /// The message's time.
   uint32_t time_ms = 0;
-  ClickCounter::Limits click_limits;
+  ClickCounter::Limits click_limits{};
 };
 
 /// The command of a WM_MOUSEMOVE, a button message, a wheel message or WM_MOUSELEAVE; nothing for
@@ -81,10 +81,10 @@ std::optional<InputCommand> TranslateMouseMessage(const WindowMessage& message,
                                                   ClickCounter& clicks);
 
 struct KeyContext {
-  HeldKeys keys;
+  HeldKeys keys{};
   /// What the key types on the user's keyboard with Shift as it is but without Control and Alt,
   /// UTF-8. Empty when it types nothing or that is not known; then a US keyboard is assumed.
-  std::string layout_text;
+  std::string layout_text{};
   /// The key is a dead key on the user's keyboard: it waits for the letter to put its accent on.
   bool dead_key = false;
 };
