@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "handler/client_download_image_callback.h"
+#include "unit/handler/empty_image.h"
 #include "unit/handler/file_bytes.h"
 #include "unit/handler/handler_test.h"
 
@@ -98,7 +99,7 @@ TEST_F(HandlerTest, FetchesTheFirstFaviconAndPassesItOn) {
   EXPECT_EQ(download.max_size, 16u);
   EXPECT_FALSE(download.bypass_cache);
 
-  const CefRefPtr<CefImage> image = CefImage::CreateImage();
+  const CefRefPtr<CefImage> image = new testing::EmptyImage();
   EXPECT_CALL(owner_, OnSetFavicon(_)).WillOnce([&](CefRefPtr<CefImage> received) {
     EXPECT_EQ(received.get(), image.get());
   });
@@ -113,7 +114,7 @@ TEST_F(HandlerTest, PassesOnNoFaviconThatDidNotArrive) {
 TEST_F(HandlerTest, PassesOnNoFaviconWithoutAnOwner) {
   handler_->SetDelegate(nullptr);
   const CefRefPtr<ClientDownloadImageCallback> callback = new ClientDownloadImageCallback(handler_);
-  callback->OnDownloadImageFinished("http://a.test/1.png", 200, CefImage::CreateImage());
+  callback->OnDownloadImageFinished("http://a.test/1.png", 200, new testing::EmptyImage());
 }
 
 TEST_F(HandlerTest, IsKeptByTheFaviconCallbackForItsLife) {

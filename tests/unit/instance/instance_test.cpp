@@ -185,6 +185,18 @@ TEST_F(InstanceTest, DoesNothingWithoutABrowser) {
   EXPECT_EQ(object.references, 1u);
 }
 
+TEST_F(InstanceTest, ActsOnNoMainFrameThatIsGone) {
+  StartWithBrowser();
+  browser_->has_main_frame = false;
+  testing::PlainObject object;
+  EXPECT_EQ(instance_.ExecuteJS("1"), 1);
+  EXPECT_EQ(instance_.GetURL(), L"");
+  EXPECT_EQ(instance_.LoadURL("http://a.test/"), 1);
+  EXPECT_EQ(instance_.AddJSHandler("name", &object), 0);
+  EXPECT_THAT(frame().scripts, IsEmpty());
+  EXPECT_THAT(loaded_urls(), IsEmpty());
+}
+
 TEST_F(InstanceTest, DoesNothingOnceTheBrowserHasClosed) {
   StartWithBrowser();
   instance_.OnBrowserClosed(browser_);
