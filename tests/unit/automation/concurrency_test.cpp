@@ -1,0 +1,209 @@
+// The host's thread changes the tables while an engine thread walks them.
+
+#include "automation_test.h"
+
+#include <atomic>
+#include <thread>
+
+#include "com/module.h"
+
+namespace kzcef::testing {
+namespace {
+
+constexpr int kRounds = 3000;
+
+// A handler that only counts, and destroys itself with its last reference.
+class CountingHandler final : public IKZCEFComBrowserHandler3 {
+ public:
+  static inline std::atomic<int> alive{0};
+  static inline std::atomic<int> load_ends{0};
+  static inline std::atomic<bool> was_called_dead{false};
+
+  static ComPtr<IKZCEFComBrowserHandler3> Make() {
+    return new CountingHandler();
+  }
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+    Check();
+    if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IKZCEFComBrowserHandler) ||
+        IsEqualIID(iid, IID_IKZCEFComBrowserHandler2) ||
+        IsEqualIID(iid, IID_IKZCEFComBrowserHandler3)) {
+      *object = this;
+      AddRef();
+      return S_OK;
+    }
+    *object = nullptr;
+    return E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override {
+    Check();
+    return ++references_;
+  }
+  ULONG STDMETHODCALLTYPE Release() override {
+    Check();
+    const ULONG left = --references_;
+    if (left == 0) {
+      delete this;
+    }
+    return left;
+  }
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE
+  Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE AddressChangeNotify(BSTR) override { return Noted(); }
+  HRESULT STDMETHODCALLTYPE BeforePopupNotify(BSTR, VARIANT_BOOL*, VARIANT_BOOL*) override {
+    return Noted();
+  }
+  HRESULT STDMETHODCALLTYPE LoadEndNotify(LONG) override {
+    ++load_ends;
+    return Noted();
+  }
+  HRESULT STDMETHODCALLTYPE LoadStartNotify(LONG) override { return Noted(); }
+  HRESULT STDMETHODCALLTYPE LoadingStateChangeNotify(VARIANT_BOOL,
+                                                     VARIANT_BOOL,
+                                                     VARIANT_BOOL) override {
+    return Noted();
+  }
+  HRESULT STDMETHODCALLTYPE BrowserCreatedNotify() override { return Noted(); }
+  HRESULT STDMETHODCALLTYPE BeforeDownloadNotify(BSTR*, VARIANT_BOOL*, VARIANT_BOOL*) override {
+    return Noted();
+  }
+  HRESULT STDMETHODCALLTYPE DownloadCompletedNotify(BSTR) override { return Noted(); }
+  HRESULT STDMETHODCALLTYPE BeforeBrowseNotify(BSTR,
+                                               VARIANT_BOOL,
+                                               VARIANT_BOOL,
+                                               VARIANT_BOOL*) override {
+    return Noted();
+  }
+  HRESULT STDMETHODCALLTYPE ResourceRedirectNotify(BSTR, BSTR*, LONG) override { return Noted(); }
+  HRESULT STDMETHODCALLTYPE ResourceResponseNotify(BSTR*, VARIANT_BOOL*, LONG) override {
+    return Noted();
+  }
+  HRESULT STDMETHODCALLTYPE BeforeResourceLoadNotify(BSTR*, BSTR*) override { return Noted(); }
+  HRESULT STDMETHODCALLTYPE GetAuthCredentialsNotify(BSTR*,
+                                                     VARIANT_BOOL*,
+                                                     BSTR*,
+                                                     LONG,
+                                                     BSTR*,
+                                                     BSTR*,
+                                                     VARIANT_BOOL*,
+                                                     BSTR*,
+                                                     BSTR*) override {
+    return Noted();
+  }
+  HRESULT STDMETHODCALLTYPE ResourceLoadCompleteNotify(BSTR, BSTR) override { return Noted(); }
+  HRESULT STDMETHODCALLTYPE EscapeKeyNotify() override { return Noted(); }
+  HRESULT STDMETHODCALLTYPE SetOwnerWndHandle(INT64) override { return Noted(); }
+  HRESULT STDMETHODCALLTYPE DownloadUpdatedNotify(BSTR, LONG, LONG) override { return Noted(); }
+  HRESULT STDMETHODCALLTYPE BeforeContextMenuNotify(VARIANT_BOOL*) override { return Noted(); }
+  HRESULT STDMETHODCALLTYPE KeyStrokeNotify(LONG, VARIANT_BOOL*) override { return Noted(); }
+
+ private:
+  static constexpr unsigned kAlive = 0xA11FE;
+
+  CountingHandler() { ++alive; }
+  ~CountingHandler() {
+    life_ = 0;
+    --alive;
+  }
+  void Check() const {
+    if (life_ != kAlive) {
+      was_called_dead = true;
+    }
+  }
+  HRESULT Noted() const {
+    Check();
+    return S_OK;
+  }
+
+  std::atomic<ULONG> references_{0};
+  std::atomic<unsigned> life_{kAlive};
+};
+
+class Concurrency : public AutomationTest {
+ protected:
+  // Raises notifications for the browsers' windows until `stop`.
+  void RaiseUntil(const std::atomic<bool>& stop, const std::atomic<int>& newest) {
+    while (!stop) {
+      for (int n = std::max(1, newest - 2); n <= newest + 1; ++n) {
+        const HWND window = FakeBridge::WindowOf(n);
+        registry->BrowserCreatedNotify(window);
+        registry->AddressChangeNotify(window, L"http://a/");
+        VARIANT_BOOL popup = VARIANT_FALSE;
+        VARIANT_BOOL proceed = VARIANT_TRUE;
+        registry->BeforePopupNotify(window, L"http://p/", &popup, &proceed);
+        registry->KeyStrokeNotify(window, 1, &popup);
+        registry->LoadEndNotify(window, 200);
+      }
+    }
+  }
+};
+
+TEST_F(Concurrency, RegistersAndReleasesUnderTwoWalkingThreads) {
+  const long before = ModuleLock::Count();
+  std::atomic<bool> stop{false};
+  std::atomic<int> newest{0};
+  {
+    const std::jthread first([&] { RaiseUntil(stop, newest); });
+    const std::jthread second([&] { RaiseUntil(stop, newest); });
+    for (int round = 0; round < kRounds; ++round) {
+      auto browser = NewBrowser();
+      browser->AddJSHandler(_bstr_t(L"name"), reinterpret_cast<IDispatch*>(0x10));
+      browser->StartBrowser(Value(kParent));
+      newest = round + 1;
+      auto one = CountingHandler::Make();
+      auto two = CountingHandler::Make();
+      Register(browser, *one.Get());
+      Register(browser, *two.Get());
+      if (round % 2 == 0) {
+        one.Reset();
+        Unregister(browser, *two.Get());
+      } else {
+        // The browser goes first, while its handlers are still registered.
+        browser.Reset();
+        const auto any = NewBrowser();
+        Unregister(any, *one.Get());
+        Unregister(any, *two.Get());
+      }
+    }
+    stop = true;
+  }
+  EXPECT_EQ(CountingHandler::alive, 0);
+  EXPECT_FALSE(CountingHandler::was_called_dead);
+  EXPECT_EQ(ModuleLock::Count(), before);
+  EXPECT_FALSE(registry->HasHandlers());
+}
+
+TEST_F(Concurrency, LosesNoNotificationOfAHandlerThatStays) {
+  const auto browser = StartedBrowser();
+  auto staying = CountingHandler::Make();
+  Register(browser, *staying.Get());
+  const auto other = StartedBrowser();
+  std::atomic<bool> stop{false};
+  {
+    const std::jthread host([&] {
+      while (!stop) {
+        auto passing = CountingHandler::Make();
+        Register(other, *passing.Get());
+        Unregister(other, *passing.Get());
+      }
+    });
+    for (int round = 0; round < kRounds; ++round) {
+      registry->LoadEndNotify(first_window, 200);
+    }
+    stop = true;
+  }
+  EXPECT_EQ(CountingHandler::load_ends, kRounds);
+  Unregister(browser, *staying.Get());
+  staying.Reset();
+  EXPECT_EQ(CountingHandler::alive, 0);
+}
+
+}  // namespace
+}  // namespace kzcef::testing

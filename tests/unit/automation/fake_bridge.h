@@ -1,0 +1,79 @@
+// A bridge that has no engine behind it: it writes down what browser objects ask for.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "bridge/kz_cef_bridge.h"
+
+namespace kzcef::testing {
+
+// Instances are numbers from 1 up, and the window of instance n is WindowOf(n). Any thread.
+class FakeBridge final : public kzCefBridge {
+ public:
+  // The window of the n-th instance's browser.
+  static HWND WindowOf(int instance);
+  static kzCefInstance* Instance(int number);
+
+  // The calls so far, as "Member(arguments)"; an instance is written as its number, none as 0.
+  // Queries are not written down.
+  std::vector<std::string> calls() const;
+  void ForgetCalls();
+
+  // Takes the instance's browser away, or brings it back.
+  void SetHasBrowser(int instance, bool has_browser);
+
+  // What Shutdown answers; may throw.
+  std::function<bool()> on_shutdown = [] { return true; };
+  std::wstring current_url;
+  // The answer of LoadURL and Refresh where the instance has a browser.
+  bool succeeds = true;
+
+  bool Shutdown() override;
+  void Reserved1() override {}
+  int Reserved2() override { return 0; }
+  HWND StartBrowser(HWND parent, const wchar_t* url) override;
+  kzCefInstance* StartPopupBrowser(HWND, const wchar_t*, kzCefClientHandler*) override {
+    return nullptr;
+  }
+  HWND GetWindowHandle(kzCefInstance* instance) override;
+  bool LoadURL(const wchar_t* url, kzCefInstance* instance) override;
+  std::wstring& GetURL(std::wstring& url, kzCefInstance* instance) override;
+  bool ExecuteJS(const wchar_t* script, kzCefInstance* instance) override;
+  bool AddJSHandler(const wchar_t* object_name,
+                    IDispatch* object,
+                    kzCefInstance* instance) override;
+  bool RemoveJSHandler(const wchar_t* object_name,
+                       IDispatch* object,
+                       kzCefInstance* instance) override;
+  bool ResizeBrowser(double width, double height, kzCefInstance* instance) override;
+  kzCefInstance* GetInstance() override;
+  void SetInstance(kzCefInstance* instance) override;
+  void PrepareCookieAccess() override {}
+  VARIANT GetUrlCookies(const wchar_t*) override { return {}; }
+  bool SetUrlCookies(const wchar_t*, const wchar_t*) override { return false; }
+  bool Refresh(bool ignore_cache, kzCefInstance* instance) override;
+  void DestroyInstance(kzCefInstance* instance) override;
+  bool ResizeBrowserRect(double x,
+                         double y,
+                         double width,
+                         double height,
+                         kzCefInstance* instance) override;
+  VARIANT GetCookiesSync(bool, const wchar_t*) override { return {}; }
+
+ private:
+  void Record(const std::string& call);
+
+  mutable std::mutex mutex_;
+  std::vector<std::string> calls_;
+  std::map<kzCefInstance*, bool> has_browser_;
+  int last_instance_ = 0;
+  kzCefInstance* current_ = nullptr;
+};
+
+}  // namespace kzcef::testing
