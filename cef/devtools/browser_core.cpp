@@ -18,6 +18,9 @@ namespace {
 // How long a page may take over its own closing before it is closed by force.
 constexpr std::chrono::milliseconds kPageCloseTimeout{3000};
 
+// How long a new page's empty document may take to be announced as loaded.
+constexpr std::chrono::milliseconds kFirstDocumentTimeout{1000};
+
 // What one zoom level means, as in Chromium.
 constexpr double kZoomFactor = 1.2;
 
@@ -88,34 +91,71 @@ void BrowserCore::Post(std::function<void(BrowserCore&)> task) {
 }
 
 void BrowserCore::AttachPage(const std::string& target_id, const std::string& session_id) {
+  // A page's first main frame bears the page's id.
   target_id_ = target_id;
   frames_->SetMainId(target_id);
-  // A page's main frame bears the page's id. A popup comes without the empty first document that
-  // a page made to order has.
-  first_document_skipped_ = is_popup_;
+  // A page made to order has an empty document, which is no load that anybody asked for and no
+  // place to go back to. A popup loads at once what it was opened for.
+  first_document_over_ = is_popup_;
   history_reset_ = is_popup_;
   if (is_popup_) {
     loads_.ExpectTransition(target_id, TT_LINK);
   }
-  PageSession& session = session_;
-  // First in the queue: what the host has asked for meanwhile comes after the page is set up.
-  session.Attach(session_id, [this](const PageSession::Sender& send) {
-    send("Page.enable", Json::object());
-    send("Runtime.enable", Json::object());
-    send("Log.enable", Json::object());
+  session_.Attach(session_id, [this](const PageSession::Sender& send) {
+    send("Page.enable", Json::object(), {});
+    send("Runtime.enable", Json::object(), {});
+    send("Log.enable", Json::object(), {});
     for (auto& [method, params] : PageReportCommands()) {
-      send(method, std::move(params));
+      send(method, std::move(params), {});
     }
-    send("Emulation.setUserAgentOverride", UserAgentParams());
+    send("Emulation.setUserAgentOverride", UserAgentParams(), {});
     // Requests of navigations only; sub-resources pass without a halt.
-    send("Fetch.enable",
-         {{"patterns",
-           Json::array({{{"resourceType", "Document"}, {"requestStage", "Request"}},
-                        {{"resourceType", "Document"}, {"requestStage", "Response"}}})}});
-    send("Runtime.runIfWaitingForDebugger", Json::object());
+    send(
+        "Fetch.enable",
+        {{"patterns", Json::array({{{"resourceType", "Document"}, {"requestStage", "Request"}},
+                                   {{"resourceType", "Document"}, {"requestStage", "Response"}}})}},
+        {});
+    // Its answer comes once the page has taken all of the above.
+    send("Page.getFrameTree", Json::object(),
+         [weak = weak_from_this()](const ProtocolReply& reply) {
+           if (const auto core = weak.lock()) {
+             core->Enqueue([core, tree = reply.value] { core->OnPageSetUp(tree); });
+           }
+         });
+    send("Runtime.runIfWaitingForDebugger", Json::object(), {});
   });
   view_.StartPainting();
   devtools_.OnPageReady();
+}
+
+void BrowserCore::OnPageSetUp(const Json& tree) {
+  page_set_up_ = true;
+  const Json& frame = Field(Field(tree, "frameTree"), "frame");
+  const std::string url = TextField(frame, "url");
+  if (is_popup_ && committed_loader_.empty() && url != "about:blank" && !url.empty()) {
+    // The popup was faster than its setting up, and its first document went unnoticed.
+    OnFrameNavigated({{"frame", frame}});
+  }
+  OpenPageIfReady();
+  if (!first_document_over_) {
+    // The end of the empty document is announced before or soon after this, but not promised.
+    if (const std::shared_ptr<TaskThread> ui = FindEngineThread(TID_UI)) {
+      ui->PostDelayed(
+          [weak = weak_from_this()] {
+            if (const auto core = weak.lock(); core && !core->first_document_over_) {
+              core->first_document_over_ = true;
+              core->OpenPageIfReady();
+            }
+          },
+          kFirstDocumentTimeout);
+    }
+  }
+}
+
+void BrowserCore::OpenPageIfReady() {
+  if (page_set_up_ && first_document_over_) {
+    session_.Open();
+  }
 }
 
 Json BrowserCore::UserAgentParams() const {
@@ -152,6 +192,15 @@ void BrowserCore::RunInbox() {
 void BrowserCore::Dispatch(const ProtocolEvent& event) {
   const std::string& method = event.method;
   const Json& params = event.params;
+  if (!first_document_over_) {
+    if (method == "Page.frameStoppedLoading") {
+      first_document_over_ = true;
+      OpenPageIfReady();
+    } else if (method == "Runtime.executionContextCreated") {
+      OnContextCreated(params);
+    }
+    return;
+  }
   if (method == "Page.screencastFrame") {
     view_.OnFrame(params);
   } else if (method == "Page.frameStartedNavigating") {

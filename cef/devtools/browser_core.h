@@ -133,6 +133,8 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   void WithHistory(std::function<void()> then);
   void OnHistory(const Json& history);
 
+  void OnPageSetUp(const Json& tree);
+  void OpenPageIfReady();
   void OnFrameNavigated(const Json& params);
   void OnWithinDocument(const Json& params);
   void OnFrameStartedNavigating(const Json& params);
@@ -196,8 +198,10 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   std::deque<std::function<void()>> inbox_;
   bool inbox_held_ = false;
   bool inbox_running_ = false;
-  /// The page's first document, an empty one that the host did not ask for, has been passed over.
-  bool first_document_skipped_ = false;
+  bool page_set_up_ = false;
+  bool first_document_over_ = false;
+  /// The main frame's present document, by the protocol's id.
+  std::string committed_loader_;
   bool history_reset_ = false;
   /// The client has agreed to the closing, which the page may still refuse.
   bool closing_ = false;

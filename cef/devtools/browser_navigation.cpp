@@ -235,7 +235,6 @@ void BrowserCore::OnHistory(const Json& history) {
 void BrowserCore::OnFrameStartedNavigating(const Json& params) {
   const std::string frame_id = TextField(params, "frameId");
   const bool is_main = frames_->IsMain(frame_id);
-  first_document_skipped_ = true;
   if (loads_.OnNavigationStarted(frame_id, TextField(params, "loaderId"), TextField(params, "url"),
                                  TextField(params, "navigationType"), is_main)) {
     session_.Send("Page.stopLoading");
@@ -266,9 +265,8 @@ void BrowserCore::OnRequestPaused(const Json& params) {
 void BrowserCore::OnFrameNavigated(const Json& params) {
   const Json frame = Field(params, "frame");
   const std::string parent_id = TextField(frame, "parentId");
-  if (!first_document_skipped_) {
-    first_document_skipped_ = true;
-    return;
+  if (parent_id.empty()) {
+    committed_loader_ = TextField(frame, "loaderId");
   }
   const auto commit = [this, frame, parent_id] {
     const std::string id = TextField(frame, "id");

@@ -76,6 +76,12 @@ std::wstring LogPath() {
   return state.path;
 }
 
+bool IsLogged(cef_log_severity_t severity) {
+  LogState& state = State();
+  std::lock_guard hold(state.lock);
+  return state.file && severity >= state.minimum;
+}
+
 void Log(cef_log_severity_t severity, const std::string& text) {
   LogState& state = State();
   std::lock_guard hold(state.lock);

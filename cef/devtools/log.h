@@ -19,6 +19,9 @@ void CloseLog();
 /// The open log's full path, empty without one.
 std::wstring LogPath();
 
+/// Whether lines of this severity are written.
+bool IsLogged(cef_log_severity_t severity);
+
 /// Appends one line with time, process, thread and severity. `text` is UTF-8.
 void Log(cef_log_severity_t severity, const std::string& text);
 

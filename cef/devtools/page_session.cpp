@@ -26,7 +26,7 @@ void PageSession::Send(const std::string& method,
   const std::shared_ptr<ProtocolConnection> connection = connection_.lock();
   if (state_ == State::kDetached || !connection) {
     FailLater(std::move(handler));
-  } else if (state_ == State::kWaiting) {
+  } else if (state_ != State::kOpen) {
     waiting_.push_back({method, std::move(params), std::move(handler)});
   } else {
     connection->Send(session_id_, method, std::move(params), std::move(handler));
@@ -42,9 +42,18 @@ void PageSession::Attach(const std::string& session_id,
   }
   state_ = State::kAttached;
   session_id_ = session_id;
-  set_up([&](const std::string& method, Json params) {
-    connection->Send(session_id_, method, std::move(params));
+  set_up([&](const std::string& method, Json params, ProtocolConnection::ReplyHandler handler) {
+    connection->Send(session_id_, method, std::move(params), std::move(handler));
   });
+}
+
+void PageSession::Open() {
+  std::lock_guard hold(lock_);
+  const std::shared_ptr<ProtocolConnection> connection = connection_.lock();
+  if (state_ != State::kAttached || !connection) {
+    return;
+  }
+  state_ = State::kOpen;
   for (Command& command : waiting_) {
     connection->Send(session_id_, command.method, std::move(command.params),
                      std::move(command.handler));

@@ -9,8 +9,8 @@
 
 namespace cefedition {
 
-/// The way to one page (a protocol session). Commands that are sent before the browser has opened
-/// the page wait for it; those sent after the page is gone fail. Any thread.
+/// The way to one page (a protocol session). Commands that are sent before the page is there and
+/// set up wait for that; those sent after the page is gone fail. Any thread.
 class PageSession {
  public:
   explicit PageSession(std::weak_ptr<ProtocolConnection> connection);
@@ -20,10 +20,14 @@ class PageSession {
             ProtocolConnection::ReplyHandler handler = {});
 
   /// Sends one command of those that set a page up.
-  using Sender = std::function<void(const std::string& method, Json params)>;
+  using Sender = std::function<
+      void(const std::string& method, Json params, ProtocolConnection::ReplyHandler handler)>;
 
-  /// The page is there: `set_up` sends its commands, then what waited is sent.
+  /// The page is there: `set_up` sends its commands. All others still wait.
   void Attach(const std::string& session_id, const std::function<void(const Sender&)>& set_up);
+
+  /// The page is set up: what waited is sent.
+  void Open();
 
   /// The page is gone, or will never be there. What waits is answered by a failure.
   void Detach();
@@ -37,7 +41,7 @@ class PageSession {
     Json params;
     ProtocolConnection::ReplyHandler handler;
   };
-  enum class State { kWaiting, kAttached, kDetached };
+  enum class State { kWaiting, kAttached, kOpen, kDetached };
 
   const std::weak_ptr<ProtocolConnection> connection_;
   mutable std::mutex lock_;

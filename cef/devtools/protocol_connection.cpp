@@ -7,6 +7,15 @@ namespace {
 
 constexpr size_t kReadSize = 256 * 1024;
 
+// Long enough to tell messages apart; frames and documents would fill the log.
+constexpr size_t kLoggedLength = 500;
+
+void LogTraffic(const char* direction, std::string_view message) {
+  if (IsLogged(LOGSEVERITY_VERBOSE)) {
+    Log(LOGSEVERITY_VERBOSE, direction + std::string(message.substr(0, kLoggedLength)));
+  }
+}
+
 ProtocolReply LostReply() {
   return {false, {{"code", 0}, {"message", "The connection to the browser is closed"}}};
 }
@@ -46,6 +55,7 @@ void ProtocolConnection::Send(const std::string& session,
       outstanding_.emplace(id, std::move(handler));
       // Text that a page or a host made up need not be well-formed UTF-8.
       outgoing_.push_back(message.dump(-1, ' ', false, Json::error_handler_t::replace));
+      LogTraffic("to the browser: ", outgoing_.back());
       outgoing_.back() += '\0';
       outgoing_changed_.notify_one();
       return;
@@ -90,6 +100,7 @@ void ProtocolConnection::ReadLoop() {
 }
 
 void ProtocolConnection::Receive(std::string_view text) {
+  LogTraffic("from the browser: ", text);
   Json message = Json::parse(text, nullptr, /*allow_exceptions=*/false);
   if (!message.is_object()) {
     Log(LOGSEVERITY_ERROR, "The browser sent something that is no protocol message");

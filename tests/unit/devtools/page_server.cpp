@@ -1,0 +1,128 @@
+#include "page_server.h"
+
+#include <ws2tcpip.h>
+
+#include <algorithm>
+#include <chrono>
+
+namespace cefedition {
+
+PageServer::PageServer() {
+  WSAStartup(MAKEWORD(2, 2), &winsock_);
+  listener_ = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+  sockaddr_in address = {};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  int size = sizeof(address);
+  bind(listener_, reinterpret_cast<sockaddr*>(&address), size);
+  listen(listener_, SOMAXCONN);
+  getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size);
+  port_ = ntohs(address.sin_port);
+  thread_ = std::thread([this] { Run(); });
+}
+
+PageServer::~PageServer() {
+  {
+    std::lock_guard hold(lock_);
+    stopping_ = true;
+    changed_.notify_all();
+  }
+  closesocket(listener_);
+  thread_.join();
+  for (std::thread& connection : connections_) {
+    connection.join();
+  }
+  WSACleanup();
+}
+
+void PageServer::Add(const std::string& path, const std::string& body) {
+  Page page;
+  page.body = body;
+  AddPage(path, std::move(page));
+}
+
+void PageServer::AddPage(const std::string& path, Page page) {
+  std::lock_guard hold(lock_);
+  pages_[path] = std::move(page);
+}
+
+void PageServer::Release() {
+  std::lock_guard hold(lock_);
+  released_ = true;
+  changed_.notify_all();
+}
+
+std::string PageServer::Url(const std::string& path) const {
+  return "http://127.0.0.1:" + std::to_string(port_) + path;
+}
+
+std::vector<std::string> PageServer::Requests() const {
+  std::lock_guard hold(lock_);
+  return requests_;
+}
+
+std::string PageServer::RequestText(const std::string& path) const {
+  std::lock_guard hold(lock_);
+  const auto found = texts_.find(path);
+  return found != texts_.end() ? found->second : std::string();
+}
+
+bool PageServer::WaitForRequest(const std::string& path) {
+  std::unique_lock hold(lock_);
+  return changed_.wait_for(hold, std::chrono::seconds(20), [&] { return texts_.contains(path); });
+}
+
+void PageServer::Run() {
+  for (;;) {
+    const SOCKET socket = accept(listener_, nullptr, nullptr);
+    if (socket == INVALID_SOCKET) {
+      return;
+    }
+    connections_.emplace_back([this, socket] { Serve(socket); });
+  }
+}
+
+void PageServer::Serve(SOCKET socket) {
+  // A browser opens connections ahead of need; one that stays silent is given up.
+  const DWORD timeout_ms = 2000;
+  setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, reinterpret_cast<const char*>(&timeout_ms),
+             sizeof(timeout_ms));
+  std::string request;
+  char buffer[4096];
+  while (request.find("\r\n\r\n") == std::string::npos) {
+    const int count = recv(socket, buffer, sizeof(buffer), 0);
+    if (count <= 0) {
+      closesocket(socket);
+      return;
+    }
+    request.append(buffer, static_cast<size_t>(count));
+  }
+  const size_t start = request.find(' ') + 1;
+  const std::string path = request.substr(start, request.find(' ', start) - start);
+  Page page;
+  page.body = "not found";
+  page.status = 404;
+  {
+    std::unique_lock hold(lock_);
+    requests_.push_back(path);
+    texts_[path] = request;
+    changed_.notify_all();
+    if (const auto found = pages_.find(path); found != pages_.end()) {
+      page = found->second;
+    }
+    if (page.held) {
+      changed_.wait(hold, [this] { return released_ || stopping_; });
+    }
+  }
+  const std::string answer = "HTTP/1.1 " + std::to_string(page.status) +
+                             " Any\r\nContent-Type: " + page.content_type +
+                             "\r\nContent-Length: " + std::to_string(page.body.size()) +
+                             "\r\nConnection: close\r\n" + page.headers + "\r\n" + page.body;
+  send(socket, answer.data(), static_cast<int>(answer.size()), 0);
+  shutdown(socket, SD_SEND);
+  while (recv(socket, buffer, sizeof(buffer), 0) > 0) {
+  }
+  closesocket(socket);
+}
+
+}  // namespace cefedition

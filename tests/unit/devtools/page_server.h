@@ -1,0 +1,60 @@
+#pragma once
+
+#include <winsock2.h>
+
+#include <condition_variable>
+#include <map>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace cefedition {
+
+/// A small HTTP server on the loopback interface for pages under test. Each answer closes its
+/// connection. Pages may be added at any time; what is not known is answered with 404.
+class PageServer {
+ public:
+  struct Page {
+    std::string body;
+    int status = 200;
+    std::string content_type = "text/html";
+    /// Further header lines, each ended by "\r\n".
+    std::string headers;
+    /// The answer waits until `Release` is called.
+    bool held = false;
+  };
+
+  PageServer();
+  ~PageServer();
+
+  void Add(const std::string& path, const std::string& body);
+  void AddPage(const std::string& path, Page page);
+  void Release();
+  std::string Url(const std::string& path) const;
+  int port() const { return port_; }
+  /// The paths asked for so far, in order.
+  std::vector<std::string> Requests() const;
+  /// The whole of the last request for a path, empty if there was none.
+  std::string RequestText(const std::string& path) const;
+  bool WaitForRequest(const std::string& path);
+
+ private:
+  void Run();
+  void Serve(SOCKET socket);
+
+  WSADATA winsock_;
+  SOCKET listener_ = INVALID_SOCKET;
+  int port_ = 0;
+  mutable std::mutex lock_;
+  std::condition_variable changed_;
+  std::map<std::string, Page> pages_;
+  std::vector<std::string> requests_;
+  std::map<std::string, std::string> texts_;
+  bool released_ = false;
+  bool stopping_ = false;
+  std::vector<std::thread> connections_;
+  std::thread thread_;
+};
+
+}  // namespace cefedition
