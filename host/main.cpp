@@ -147,7 +147,15 @@ int RunWindow(Host& host, const Options& options) {
   int status = kSucceeded;
   if (options.quit || !options.screenshot_file.empty()) {
     if (!WaitForPage(host, options.timeout)) {
-      status = Complain("the page was not loaded in time");
+      // Bound late, a host does not see that a member answered S_FALSE: the engine's failure shows
+      // in the browser that never comes.
+      const bool created =
+          host.log().Find(0, kFirstBrowser, "BrowserCreatedNotify", Json::object()).has_value();
+      status = Complain(
+          created ? "the page was not loaded in time"
+                  : "the browser was not created in time; if the engine did not start, the "
+                    "reason stands in " +
+                        WhereTheReasonIs(options));
     } else if (!options.screenshot_file.empty() && !SaveScreenshot(host, options)) {
       status = kFailed;
     }

@@ -93,7 +93,7 @@ std::variant<Options, std::string> ParseOptions(const std::vector<std::string>& 
       }
       const std::string& value = arguments[++i];
       if (!take->second(options, value)) {
-        return argument + " cannot be \"" + value + "\"";
+        return std::string(argument).append(" cannot be \"").append(value).append("\"");
       }
     } else if (argument.starts_with("-")) {
       return "unknown switch " + argument;
