@@ -17,6 +17,8 @@ if(CEF_ROOT)
 
   # The distribution's own CMake files assume MSVC, its wrapper sources do not.
   file(GLOB_RECURSE wrapper_sources CONFIGURE_DEPENDS ${CEF_ROOT}/libcef_dll/*.cc)
+  # For macOS, where the framework is loaded by hand.
+  list(FILTER wrapper_sources EXCLUDE REGEX "/libcef_dll_dylib\\.cc$")
   add_library(cef_distribution STATIC ${wrapper_sources})
   target_include_directories(cef_distribution PRIVATE ${CEF_ROOT})
   # A vendor's headers are system headers: our warnings are not for them.

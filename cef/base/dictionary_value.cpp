@@ -48,7 +48,7 @@ class DictionaryValue final : public ContainerValue<CefDictionaryValue, const Ce
     const auto found = node.entries.find(key);
     return found == node.entries.end() ? nullptr : found->second;
   }
-  bool Accepts(const CefString&) const override { return true; }
+  bool Accepts(const CefString& key) const override { return !key.empty(); }
   void Store(ValueNode* node, const CefString& key, ValueNode::Ptr child) override {
     node->SetEntry(key, std::move(child));
   }

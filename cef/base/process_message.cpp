@@ -39,5 +39,5 @@ CefRefPtr<CefProcessMessage> MakeReceivedMessage(const CefString& name,
 }  // namespace cefedition
 
 CefRefPtr<CefProcessMessage> CefProcessMessage::Create(const CefString& name) {
-  return new cefedition::ProcessMessage(name, CefListValue::Create());
+  return name.empty() ? nullptr : new cefedition::ProcessMessage(name, CefListValue::Create());
 }

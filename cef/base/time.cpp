@@ -31,7 +31,13 @@ bool ToBaseTime(const cef_time_t& parts, cef_basetime_t* result) {
   system.wSecond = static_cast<WORD>(parts.second == 60 ? 59 : parts.second);
   system.wMilliseconds = static_cast<WORD>(parts.millisecond);
   FILETIME file = {};
-  if (parts.year < 1601 || parts.year > 30827 || !SystemTimeToFileTime(&system, &file)) {
+  SYSTEMTIME back = {};
+  if (parts.year < 1601 || parts.year > 30827 || !SystemTimeToFileTime(&system, &file) ||
+      !FileTimeToSystemTime(&file, &back)) {
+    return false;
+  }
+  // Not every system refuses the thirtieth of February.
+  if (back.wMonth != parts.month || back.wDay != parts.day_of_month) {
     return false;
   }
   result->val = ToMicroseconds(file);
