@@ -1,0 +1,93 @@
+#!/usr/bin/env python3
+"""Runs the benchmarks with a local web site for those that load pages.
+
+    run.py [--short] [--bin FOLDER] [BENCHMARK...]
+
+FOLDER holds kzbench.exe and KZCEFComWrapper.dll (build/mingw/bin without it). Without names all
+benchmarks run. Under Linux the programs run under Wine; the browser windows need a DISPLAY.
+"""
+
+import argparse
+import os
+import subprocess
+import sys
+import threading
+from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
+from pathlib import Path
+
+REPOSITORY = Path(__file__).resolve().parent.parent
+BENCHMARKS = ["late-bound", "notifications", "page", "start"]
+SUB_RESOURCES = 200
+TIME_LIMIT_SECONDS = 1800
+
+
+def page() -> bytes:
+    images = "\n".join(f'<img src="/picture/{number}.svg" width="8" height="8">'
+                       for number in range(SUB_RESOURCES))
+    return f"<!doctype html><title>{SUB_RESOURCES} pictures</title>\n{images}\n".encode()
+
+
+def picture(path: str) -> bytes:
+    number = int("0" + "".join(c for c in path if c.isdigit()))
+    return (f'<svg xmlns="http://www.w3.org/2000/svg" width="8" height="8">'
+            f'<rect width="8" height="8" fill="#{number * 4096 % 0xffffff:06x}"/></svg>').encode()
+
+
+class Site(BaseHTTPRequestHandler):
+    protocol_version = "HTTP/1.1"
+
+    def do_GET(self):
+        if self.path == "/":
+            self.answer("text/html; charset=utf-8", page())
+        elif self.path.startswith("/picture/"):
+            self.answer("image/svg+xml", picture(self.path))
+        else:
+            self.send_error(404)
+
+    def answer(self, kind: str, body: bytes):
+        self.send_response(200)
+        self.send_header("Content-Type", kind)
+        self.send_header("Content-Length", str(len(body)))
+        self.send_header("Cache-Control", "no-store")
+        self.end_headers()
+        self.wfile.write(body)
+
+    def log_message(self, *_):
+        pass
+
+
+class Server(ThreadingHTTPServer):
+    request_queue_size = 128
+    daemon_threads = True
+
+
+def main() -> int:
+    parser = argparse.ArgumentParser(description="Runs the benchmarks.")
+    parser.add_argument("--short", action="store_true",
+                        help="a few repetitions of everything, to see that it runs")
+    parser.add_argument("--bin", type=Path, default=REPOSITORY / "build/mingw/bin")
+    parser.add_argument("benchmarks", nargs="*", metavar="BENCHMARK",
+                        help=f"of {', '.join(BENCHMARKS)}; all without names")
+    arguments = parser.parse_args()
+    unknown = set(arguments.benchmarks) - set(BENCHMARKS)
+    if unknown:
+        parser.error(f"unknown: {', '.join(sorted(unknown))}")
+
+    environment = dict(os.environ)
+    environment.setdefault("WINEDEBUG", "-all")
+    runner = [] if os.name == "nt" else ["wine"]
+    with Server(("127.0.0.1", 0), Site) as site:
+        threading.Thread(target=site.serve_forever, daemon=True).start()
+        command = [*runner, str(arguments.bin / "kzbench.exe"),
+                   *(arguments.benchmarks or BENCHMARKS),
+                   "--url", f"http://127.0.0.1:{site.server_address[1]}/",
+                   *(["--short"] if arguments.short else [])]
+        try:
+            status = subprocess.run(command, env=environment, timeout=TIME_LIMIT_SECONDS).returncode
+        finally:
+            site.shutdown()
+    return status
+
+
+if __name__ == "__main__":
+    sys.exit(main())
