@@ -38,6 +38,9 @@ LIBRARY = "{f0673e78-faf0-4477-beb2-0ef5b0e6a7c2}"
 PROXY = "{00020424-0000-0000-c000-000000000046}"
 # Written anew whenever a desktop starts.
 UNSTEADY = {"DriverDateData"}
+# Where Wine's debugger keeps its settings. It appears when a service program of Wine's own is ended
+# while it starts; the programs that a case runs tell by their exit status how they fared.
+UNSTEADY_KEY = "hkcu\\software\\wine\\winedbg"
 HIVES = {"system.reg": "HKLM", "user.reg": "HKCU", "userdef.reg": "HKU\\.Default"}
 
 
@@ -98,6 +101,9 @@ class Prefix:
                 if line.startswith("["):
                     path = re.match(r"\[(.*)\](?: \d+)?$", line).group(1).replace("\\\\", "\\")
                     key = (hive + "\\" + path).lower()
+                    if key.startswith(UNSTEADY_KEY):
+                        key = None
+                        continue
                     # The file leaves out keys that hold nothing but other keys.
                     for end in [m.start() for m in re.finditer(r"\\", key)] + [len(key)]:
                         values[key[:end], None] = None
