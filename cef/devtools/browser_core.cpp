@@ -153,8 +153,13 @@ void BrowserCore::OnPageSetUp(const Json& tree) {
 }
 
 void BrowserCore::OpenPageIfReady() {
-  if (page_set_up_ && first_document_over_) {
-    session_.Open();
+  if (page_open_ || !page_set_up_ || !first_document_over_) {
+    return;
+  }
+  page_open_ = true;
+  session_.Open();
+  for (const auto& load : std::exchange(first_loads_, {})) {
+    load(*this);
   }
 }
 

@@ -8,6 +8,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <vector>
 
 #include "devtools/devtools_access.h"
 #include "devtools/frame_tree.h"
@@ -200,6 +201,10 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   bool inbox_running_ = false;
   bool page_set_up_ = false;
   bool first_document_over_ = false;
+  /// The page takes commands.
+  bool page_open_ = false;
+  /// What the host has asked to load before that.
+  std::vector<std::function<void(BrowserCore&)>> first_loads_;
   /// The main frame's present document, by the protocol's id.
   std::string committed_loader_;
   bool history_reset_ = false;

@@ -55,6 +55,12 @@ void BrowserCore::LoadUrlNow(CefRefPtr<EditionFrame> frame,
   if (!frame->IsValid() || url.empty()) {
     return;
   }
+  if (!page_open_) {
+    // The frame gets its identity with the page.
+    first_loads_.push_back(
+        [frame, url, referrer](BrowserCore& core) { core.LoadUrlNow(frame, url, referrer); });
+    return;
+  }
   const std::string full = CompleteUrl(url);
   const std::string frame_id = frame->id();
   const bool announced = IsInterceptable(full) || full.starts_with("javascript:") ||

@@ -83,8 +83,8 @@ std::string EngineTest::Evaluate(const std::string& expression) {
   static int count = 0;
   const std::string mark = "value " + std::to_string(++count) + " ";
   Run("console.log('" + mark + "' + (" + expression + ") + '|')");
-  EXPECT_TRUE(log_.WaitUntil([&] { return !log_.Only({"console 1 [" + mark}).empty(); }));
-  const std::vector<std::string> found = log_.Only({"console 1 [" + mark});
+  EXPECT_TRUE(log_.WaitUntil([&] { return !log_.Only({"console 2 [" + mark}).empty(); }));
+  const std::vector<std::string> found = log_.Only({"console 2 [" + mark});
   if (found.empty()) {
     return {};
   }
@@ -102,6 +102,17 @@ std::string EngineTest::LogText() const {
 bool IsUnixProcessAlive(int pid) {
   const std::wstring folder = ToWindowsPath("/proc/" + std::to_string(pid));
   return GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+void KillUnixProcess(int pid) {
+  std::wstring command_line = L"sh -c \"kill -9 " + std::to_wstring(pid) + L"\"";
+  STARTUPINFOW startup = {};
+  startup.cb = sizeof(startup);
+  PROCESS_INFORMATION info = {};
+  ASSERT_TRUE(CreateProcessW(ToWindowsPath("/bin/sh").c_str(), command_line.data(), nullptr,
+                             nullptr, FALSE, 0, nullptr, nullptr, &startup, &info));
+  CloseHandle(info.hThread);
+  CloseHandle(info.hProcess);
 }
 
 int CountUnixProcesses(const std::string& text) {

@@ -49,6 +49,9 @@ class EngineTest : public testing::Test {
 /// Whether a process of the Unix host runs.
 bool IsUnixProcessAlive(int pid);
 
+/// Sends SIGKILL.
+void KillUnixProcess(int pid);
+
 /// How many processes of the Unix host have `text` in their command line.
 int CountUnixProcesses(const std::string& text);
 
