@@ -19,9 +19,7 @@ class CountingHandler final : public IKZCEFComBrowserHandler3 {
   static inline std::atomic<int> load_ends{0};
   static inline std::atomic<bool> was_called_dead{false};
 
-  static ComPtr<IKZCEFComBrowserHandler3> Make() {
-    return new CountingHandler();
-  }
+  static ComPtr<IKZCEFComBrowserHandler3> Make() { return new CountingHandler(); }
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
     Check();
