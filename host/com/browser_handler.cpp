@@ -327,7 +327,8 @@ class BrowserHandler final : public IKZCEFComBrowserHandler3 {
   const std::shared_ptr<AnswerTable> answers_;
   const ComPtr<ITypeInfo> information_;
   std::atomic<std::int64_t> owner_window_ = 0;
-  std::atomic<ULONG> references_ = 1;
+  // The first reference is the ComPtr's that takes the new object.
+  std::atomic<ULONG> references_ = 0;
 };
 
 }  // namespace
@@ -336,10 +337,8 @@ ComPtr<IDispatch> MakeBrowserHandler(std::string browser,
                                      std::shared_ptr<NotificationLog> log,
                                      std::shared_ptr<AnswerTable> answers,
                                      ComPtr<ITypeInfo> information) {
-  ComPtr<IDispatch> handler;
-  handler.Attach(new BrowserHandler(std::move(browser), std::move(log), std::move(answers),
-                                    std::move(information)));
-  return handler;
+  return ComPtr<IDispatch>(new BrowserHandler(std::move(browser), std::move(log),
+                                              std::move(answers), std::move(information)));
 }
 
 }  // namespace kzhost
