@@ -45,8 +45,9 @@ def site():
 
 
 @pytest.fixture
-def hosts(prefix, display, tmp_path):
+def hosts(prefix, display, site, tmp_path):
     starter = HostStarter(tmp_path, wine.environment(prefix, display))
+    site.is_abandoned = starter.have_ended
     yield starter
     starter.close()
 

@@ -132,6 +132,9 @@ class HostStarter:
     def run(self, steps=None, **arguments):
         return self.start(steps, **arguments).finish()
 
+    def have_ended(self):
+        return bool(self.started) and all(h.process.poll() is not None for h in self.started)
+
     def close(self):
         for host in self.started:
             if host.process.poll() is None:
