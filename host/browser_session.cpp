@@ -63,17 +63,20 @@ HRESULT BrowserSession::Start() {
 }
 
 void BrowserSession::Close() {
-  const HWND engine_window = EngineWindow();
   if (browser_ && handler_) {
     calls_.UnregisterHandler(application_, browser_.Get(), handler_.Get());
   }
+  // What the object answers may be the window of a popup meanwhile, which stays.
+  const HWND engine_window = window_ ? GetWindow(window_->view(), GW_CHILD) : nullptr;
   window_.reset();
-  // The engine hears of it on its own thread; the object knows when that is done with.
-  PumpUntil(
-      [this, engine_window] {
-        return !EngineWindow() && (!engine_window || !IsWindow(engine_window));
-      },
-      kGoneTimeout);
+  if (engine_window) {
+    // The engine hears of it on its own thread; the object knows when that is done with.
+    PumpUntil(
+        [this, engine_window] {
+          return !IsWindow(engine_window) && EngineWindow() != engine_window;
+        },
+        kGoneTimeout);
+  }
   browser_.Reset();
   handler_.Reset();
 }

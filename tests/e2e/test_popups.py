@@ -55,17 +55,18 @@ def test_popup_comes_when_the_host_says_nothing(hosts, site):
     assert popup["Popup"] is False
 
 
-def test_popup_is_not_the_openers_business_any_more(hosts, site):
+def test_allowed_popup_takes_the_browser_objects_place(hosts, site):
+    # The popup is created with the opener's client, and the object keeps the browser that was
+    # created last: from then on it, and its handler, are about the popup.
     url = opener(site)
-    host = hosts.start([created(), loaded(), script("window.open('/popup.html')"),
-                        wait("BeforePopupNotify"), do("waitFile", path="seen", timeout=40_000)],
-                       url=url)
-    site.wait_for("/popup.html")
-    (hosts.folder / "seen").touch()
-    events = host.finish().succeeded()
-    # The handler was registered for the opener alone.
-    assert len(events.notifications("BrowserCreatedNotify")) == 1
-    assert site.url("/popup.html") not in events.values("AddressChangeNotify", "NewAddress")
+    events = hosts.run([created(), loaded(), do("call", object="b1", member="GetWindowHandle"),
+                        script("window.open('/popup.html')"), wait("BeforePopupNotify"),
+                        created(), wait("AddressChangeNotify", NewAddress="*/popup.html"), loaded(),
+                        do("call", object="b1", member="GetWindowHandle")], url=url).succeeded()
+    opener_window, popup_window = [e["result"] for e in events.outcomes("call")]
+    assert opener_window != popup_window
+    assert [e["window"] for e in events.notifications("BrowserCreatedNotify")] == \
+        [opener_window, popup_window]
 
 
 def test_popup_that_the_host_forbids_does_not_come(hosts, site, shell):
