@@ -243,6 +243,14 @@ void Engine::CloseTarget(const std::string& target_id) {
   Send({}, "Target.closeTarget", {{"targetId", target_id}});
 }
 
+void Engine::RefusePopup(const std::string& target_id, const std::string& session_id) {
+  // A page that waits holds up its opener's process, and closing alone does not end the wait. So it
+  // is let go, but every request it makes is held until it is closed.
+  Send(session_id, "Fetch.enable", Json::object());
+  Send(session_id, "Runtime.runIfWaitingForDebugger", Json::object());
+  CloseTarget(target_id);
+}
+
 void Engine::AttachClientSession(const std::string& target_id,
                                  std::function<void(const std::string& session_id)> done) {
   Send({}, "Target.attachToTarget", {{"targetId", target_id}, {"flatten", true}},
@@ -317,7 +325,7 @@ void Engine::OnAttached(const Json& params) {
   }
   const std::shared_ptr<BrowserCore> opener = FindByTarget(opener_id);
   if (!opener || stopping_) {
-    CloseTarget(target_id);
+    RefusePopup(target_id, session_id);
     return;
   }
   opener->OnPopupPage(info, session_id);

@@ -65,6 +65,8 @@ class Engine : public std::enable_shared_from_this<Engine> {
                   const std::string& target_id,
                   const std::string& session_id);
   void CloseTarget(const std::string& target_id);
+  /// Closes a page that waits for its first load, without letting it load.
+  void RefusePopup(const std::string& target_id, const std::string& session_id);
   /// Opens a second session to a page; `done` hears its id, empty on failure.
   void AttachClientSession(const std::string& target_id,
                            std::function<void(const std::string& session_id)> done);

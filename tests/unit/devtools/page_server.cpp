@@ -26,6 +26,10 @@ PageServer::~PageServer() {
     std::lock_guard hold(lock_);
     stopping_ = true;
     changed_.notify_all();
+    // A browser opens connections ahead of need, on which nothing ever comes.
+    for (const SOCKET socket : open_) {
+      shutdown(socket, SD_BOTH);
+    }
   }
   closesocket(listener_);
   thread_.join();
@@ -83,16 +87,26 @@ void PageServer::Run() {
 }
 
 void PageServer::Serve(SOCKET socket) {
-  // A browser opens connections ahead of need; one that stays silent is given up.
-  const DWORD timeout_ms = 2000;
-  setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, reinterpret_cast<const char*>(&timeout_ms),
-             sizeof(timeout_ms));
+  bool stopping = false;
+  {
+    std::lock_guard hold(lock_);
+    stopping = stopping_;
+    open_.insert(socket);
+  }
+  if (!stopping) {
+    Answer(socket);
+  }
+  std::lock_guard hold(lock_);
+  open_.erase(socket);
+  closesocket(socket);
+}
+
+void PageServer::Answer(SOCKET socket) {
   std::string request;
   char buffer[4096];
   while (request.find("\r\n\r\n") == std::string::npos) {
     const int count = recv(socket, buffer, sizeof(buffer), 0);
     if (count <= 0) {
-      closesocket(socket);
       return;
     }
     request.append(buffer, static_cast<size_t>(count));
@@ -122,7 +136,6 @@ void PageServer::Serve(SOCKET socket) {
   shutdown(socket, SD_SEND);
   while (recv(socket, buffer, sizeof(buffer), 0) > 0) {
   }
-  closesocket(socket);
 }
 
 }  // namespace cefedition

@@ -5,6 +5,7 @@
 #include <condition_variable>
 #include <map>
 #include <mutex>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -42,6 +43,7 @@ class PageServer {
  private:
   void Run();
   void Serve(SOCKET socket);
+  void Answer(SOCKET socket);
 
   WSADATA winsock_;
   SOCKET listener_ = INVALID_SOCKET;
@@ -51,6 +53,7 @@ class PageServer {
   std::map<std::string, Page> pages_;
   std::vector<std::string> requests_;
   std::map<std::string, std::string> texts_;
+  std::set<SOCKET> open_;
   bool released_ = false;
   bool stopping_ = false;
   std::vector<std::thread> connections_;

@@ -191,8 +191,8 @@ TEST_F(PageTest, DevToolsMethodsArePassedThrough) {
                             on->ExecuteDevToolsMethod(77, "No.suchMethod", nullptr);
                           },
                           host, &log_)));
-  ASSERT_TRUE(log_.WaitFor("id 42"));
-  ASSERT_TRUE(log_.WaitFor("result 42 ok"));
+  ASSERT_TRUE(log_.WaitFor("id 1"));
+  ASSERT_TRUE(log_.WaitFor("result 1 ok"));
   ASSERT_TRUE(log_.WaitFor("result 77 failed"));
   EXPECT_EQ(Evaluate("navigator.onLine"), "false");
   registration = nullptr;
