@@ -4,6 +4,7 @@
 
 #include <map>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 #include "KZCEFComWrapper.h"
@@ -89,13 +90,13 @@ HRESULT Take(Number number, Number* place) {
   return S_OK;
 }
 
-#define KZBENCH_PROPERTY(name, Outer, Inner, field)            \
-  HRESULT STDMETHODCALLTYPE get_##name(Outer* out) override {  \
-    return Give(field, out);                                   \
-  }                                                            \
-  HRESULT STDMETHODCALLTYPE put_##name(Outer value) override { \
-    return Take(value, &(field));                              \
-  }                                                            \
+#define KZBENCH_PROPERTY(name, Outer, Inner, field)                              \
+  HRESULT STDMETHODCALLTYPE get_##name(std::add_pointer_t<Outer> out) override { \
+    return Give(field, out);                                                     \
+  }                                                                              \
+  HRESULT STDMETHODCALLTYPE put_##name(Outer value) override {                   \
+    return Take(value, &(field));                                                \
+  }                                                                              \
   Inner field{};
 #define KZBENCH_TEXT(name, field) KZBENCH_PROPERTY(name, BSTR, std::wstring, field)
 #define KZBENCH_FLAG(name, field) KZBENCH_PROPERTY(name, VARIANT_BOOL, VARIANT_BOOL, field)

@@ -54,7 +54,7 @@ Bytes MakeDib(int width, int height, int stated_height, const Bytes& pixel) {
 
 Bytes MakeIco(int side, const Bytes& pixel) {
   Bytes dib = MakeDib(side, side, side * 2, pixel);
-  dib.insert(dib.end(), static_cast<size_t>(side * 4), 0);  // the mask: all opaque, rows of 4 bytes
+  dib.insert(dib.end(), static_cast<size_t>(side) * 4, 0);  // the mask: all opaque, rows of 4 bytes
   Bytes out;
   Append(out, 0, 2);
   Append(out, 1, 2);
