@@ -32,6 +32,19 @@ std::wstring LoadedServerPath() {
   return std::wstring(path.data(), length);
 }
 
+// The DLL that is registered for the current user alone; empty when there is none.
+std::wstring PathRegisteredForUser(REFCLSID class_id) {
+  std::array<wchar_t, 39> id{};
+  StringFromGUID2(class_id, id.data(), static_cast<int>(id.size()));
+  const std::wstring key =
+      std::wstring(L"Software\\Classes\\CLSID\\") + id.data() + L"\\InprocServer32";
+  std::array<wchar_t, 32'768> path{};
+  DWORD bytes = static_cast<DWORD>(path.size() * sizeof(wchar_t));
+  const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, key.c_str(), nullptr, RRF_RT_REG_SZ,
+                                      nullptr, path.data(), &bytes);
+  return status == ERROR_SUCCESS ? std::wstring(path.data()) : std::wstring();
+}
+
 }  // namespace
 
 Server::Server(std::wstring dll_path) : dll_path_(std::move(dll_path)) {}
@@ -80,7 +93,14 @@ HRESULT Server::Create(REFCLSID class_id, ComPtr<IDispatch>& object) {
   if (!dll_path_.empty()) {
     return CreateFromDll(class_id, object);
   }
-  return CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object));
+  const HRESULT result =
+      CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object));
+  if (result != REGDB_E_CLASSNOTREG) {
+    return result;
+  }
+  // Windows finds what is registered for the user; Wine's COM looks at the machine's classes only.
+  dll_path_ = PathRegisteredForUser(class_id);
+  return dll_path_.empty() ? result : CreateFromDll(class_id, object);
 }
 
 HRESULT Server::CreateFromDll(REFCLSID class_id, ComPtr<IDispatch>& object) {

@@ -1,4 +1,4 @@
-"""Hosts that find the server by the registry, registered for the current user."""
+"""Hosts that find the server by the registry."""
 
 import subprocess
 
@@ -36,34 +36,56 @@ WScript.Echo "locked " & files.FileExists(WScript.Arguments(0) & "\\cef.lock")
 """
 
 
-@pytest.fixture(scope="module", autouse=True)
-def registered(prefix, display):
+@pytest.fixture
+def regsvr32(prefix, display):
     library = wine.windows_path(wine.bin_folder() / "KZCEFComWrapper.dll")
 
-    def regsvr32(*switches):
-        subprocess.run(["wine", "regsvr32", "/s", "/n", *switches, library],
+    def run(*switches):
+        subprocess.run(["wine", "regsvr32", "/s", *switches, library],
                        env=wine.environment(prefix, display), check=True, timeout=60,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
-    regsvr32("/i:user")
+    return run
+
+
+@pytest.fixture
+def for_the_user(regsvr32):
+    regsvr32("/n", "/i:user")
     yield
-    regsvr32("/u", "/i:user")
+    regsvr32("/u", "/n", "/i:user")
 
 
-def test_first_page(hosts, site):
-    url = site.page("/a.html")
-    events = hosts.run([created(), loaded()], url=url, registered=True).succeeded()
-    assert events.values("AddressChangeNotify", "NewAddress") == [url]
+@pytest.fixture
+def for_the_machine(regsvr32):
+    regsvr32()
+    yield
+    regsvr32("/u")
 
 
-def test_first_page_late_bound(hosts, site):
+@pytest.mark.parametrize("switches", [[], ["--late-bound"]], ids=["early", "late"])
+def test_first_page_registered_for_the_user(hosts, site, for_the_user, switches):
     url = site.page("/a.html")
     events = hosts.run([created(), loaded()], url=url, registered=True,
-                       switches=["--late-bound"]).succeeded()
+                       switches=switches).succeeded()
     assert events.values("AddressChangeNotify", "NewAddress") == [url]
 
 
-def test_script_client(hosts, tmp_path):
+@pytest.mark.parametrize("switches", [[], ["--late-bound"]], ids=["early", "late"])
+def test_first_page_registered_for_the_machine(hosts, site, for_the_machine, switches):
+    url = site.page("/a.html")
+    events = hosts.run([created(), loaded()], url=url, registered=True,
+                       switches=switches).succeeded()
+    assert events.values("AddressChangeNotify", "NewAddress") == [url]
+
+
+def test_server_that_is_not_registered_is_told(hosts):
+    run = hosts.run(registered=True)
+    assert run.status == 1
+    assert "is it registered?" in run.errors
+
+
+# Registered for the machine: Wine's COM, which cscript goes by, does not look at the user's classes.
+def test_script_client(hosts, tmp_path, for_the_machine):
     script = tmp_path / "client.vbs"
     script.write_text(SCRIPT)
     process = subprocess.run(
