@@ -70,8 +70,8 @@ Bytes MakeIco(int side, const Bytes& pixel) {
   return out;
 }
 
-Bytes MakeBmp(int side, const Bytes& pixel) {
-  const Bytes dib = MakeDib(side, side, side, pixel);
+Bytes MakeBmp(int width, int height, const Bytes& pixel) {
+  const Bytes dib = MakeDib(width, height, height, pixel);
   Bytes out = {'B', 'M'};
   Append(out, 14 + dib.size(), 4);
   Append(out, 0, 4);
@@ -168,7 +168,7 @@ TEST_F(ImageCodec, ReadsIcons) {
 }
 
 TEST_F(ImageCodec, ReadsBitmapsAndGifs) {
-  const auto bitmap = DecodeImage(MakeBmp(3, {9, 8, 7, 255}));
+  const auto bitmap = DecodeImage(MakeBmp(3, 3, {9, 8, 7, 255}));
   ASSERT_TRUE(bitmap);
   EXPECT_EQ(bitmap->width, 3);
   EXPECT_EQ(bitmap->bgra[0], 9);
@@ -233,11 +233,17 @@ TEST_F(ImageCodec, RefusesAPictureOfHugeSize) {
   EXPECT_FALSE(DecodeImage(WithPngSize(png, 1, kMaxImageSide + 1)));
   EXPECT_FALSE(DecodeImage(WithPngSize(png, 0x7FFFFFFF, 0x7FFFFFFF)));
   EXPECT_FALSE(DecodeImage(WithPngSize(png, 0, 4)));
+  // Whole pictures, which only our own limit keeps out.
+  EXPECT_TRUE(DecodeImage(MakeBmp(kMaxImageSide, 1, {1, 2, 3, 255})));
+  EXPECT_FALSE(DecodeImage(MakeBmp(kMaxImageSide + 1, 1, {1, 2, 3, 255})));
+  EXPECT_FALSE(DecodeImage(MakeBmp(1, kMaxImageSide + 1, {1, 2, 3, 255})));
 }
 
 TEST_F(ImageCodec, EncodesNoPictureThatContradictsItself) {
   DecodedImage image = MakeImage(4, 4);
   image.bgra.pop_back();
+  EXPECT_TRUE(EncodePng(image).empty());
+  image.bgra.resize(4 * 4 * 4 + 1);
   EXPECT_TRUE(EncodePng(image).empty());
   EXPECT_TRUE(EncodePng({}).empty());
   EXPECT_TRUE(EncodePng({-1, -1, Bytes(4)}).empty());
