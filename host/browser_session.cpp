@@ -44,7 +44,9 @@ HRESULT BrowserSession::Open(int view_width,
   window_ =
       BrowserWindow::Create(L"kzhost: " + ToWide(name_), view_width, view_height, is_main, this);
   if (!window_) {
-    return HRESULT_FROM_WIN32(GetLastError());
+    // Without a display the reason may be missing.
+    const DWORD reason = GetLastError();
+    return reason == ERROR_SUCCESS ? E_FAIL : HRESULT_FROM_WIN32(reason);
   }
   window_->ShowAddress(url);
   // Before the browser is started there is nothing to load the address into: the server keeps it

@@ -21,11 +21,20 @@ screenshot=$demo/screenshot.png
 kz_install_packages "${KZ_BUILD_PACKAGES[@]}"
 kz_configure_and_build mingw KZCEFComWrapper kzCefSubProc kzhost pelkor
 mkdir -p "$demo"
+
+# Wine asks for the display once, when its first program starts.
+quit=()
+if [ -z "${DISPLAY:-}" ]; then
+  quit=(--quit)
+fi
+kz_ensure_display
 kz_prepare_wine_prefix "$demo/wineprefix"
 
 server_pid=
 end_demo() {
   [ -z "$server_pid" ] || kill "$server_pid" 2>/dev/null || true
+  # The prefix is the demo's own; its last programs must not outlive the display.
+  wineserver -k >/dev/null 2>&1 || true
   kz_end_helpers
 }
 trap end_demo EXIT
@@ -40,17 +49,12 @@ if [ -z "$url" ]; then
   read -r -t 20 url <&"${SERVER[0]}" || kz_fail "the local HTTP server did not start"
 fi
 
-quit=()
-if [ -z "${DISPLAY:-}" ]; then
-  quit=(--quit)
-fi
-kz_ensure_display
-
 kz_say "opening $url"
 rm -f "$screenshot"
 wine "$bin/kzhost.exe" --console --cache "$(winepath -w "$demo/cache" 2>/dev/null)" \
   --screenshot "$(winepath -w "$screenshot" 2>/dev/null)" ${quit[@]+"${quit[@]}"} "$url" ||
   kz_fail "the sample host ended with an error"
+[ -s "$screenshot" ] || kz_fail "the sample host left no screenshot"
 
 kz_say "the screenshot is"
 printf '%s\n' "$screenshot"
