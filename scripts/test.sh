@@ -11,8 +11,9 @@ cd "$(dirname "$0")/.."
 kz_install_packages "${KZ_BUILD_PACKAGES[@]}" "${KZ_TEST_PACKAGES[@]}"
 kz_configure_and_build native-sanitize
 kz_configure_and_build mingw
-kz_prepare_wine_prefix "$KZ_ROOT/build/wineprefix"
+# In this order: Wine asks for the display once, when its first program starts.
 kz_ensure_display
+kz_prepare_wine_prefix "$KZ_ROOT/build/wineprefix"
 
 kz_keep_wine_server
 

@@ -7,11 +7,11 @@ readonly KZ_ROOT
 # Packages that every build needs, and what only the tests need on top.
 readonly KZ_BUILD_PACKAGES=(
   g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine wine64
-  cmake ninja-build nlohmann-json3-dev python3
+  cmake ninja-build nlohmann-json3-dev googletest python3
   chromium-headless-shell xvfb xauth
 )
 readonly KZ_TEST_PACKAGES=(
-  clang clang-format clang-tidy libclang-rt-14-dev googletest
+  clang clang-format clang-tidy libclang-rt-14-dev
   python3-pytest python3-pil procps
 )
 
