@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "devtools/win_handle.h"
+
 namespace cefedition {
 
 /// One end of a connection on the loopback interface. One thread may read while another writes; any
@@ -12,7 +14,7 @@ namespace cefedition {
 class ByteStream {
  public:
   ByteStream() = default;
-  /// Takes ownership of a connected, blocking socket.
+  /// Takes ownership of a connected socket that was made for overlapped use.
   explicit ByteStream(SOCKET socket);
   ~ByteStream();
   ByteStream(ByteStream&& other) noexcept;
@@ -31,7 +33,12 @@ class ByteStream {
   void Shutdown();
 
  private:
+  /// Waits for an operation to end or for `Shutdown`. False for the latter and on failure.
+  bool Finish(WSAOVERLAPPED& operation, int result, DWORD& count);
+
   SOCKET socket_ = INVALID_SOCKET;
+  /// Set by `Shutdown`: under Wine, ending a connection wakes no thread that waits for it.
+  UniqueHandle stop_;
 };
 
 }  // namespace cefedition

@@ -1,5 +1,6 @@
 #include "devtools/protocol_connection.h"
 
+#include "devtools/json_fields.h"
 #include "devtools/log.h"
 
 namespace cefedition {
@@ -23,7 +24,7 @@ ProtocolReply LostReply() {
 }  // namespace
 
 std::string ProtocolReply::ErrorMessage() const {
-  return ok ? std::string() : value.value("message", std::string("Unknown error"));
+  return ok ? std::string() : TextField(value, "message");
 }
 
 ProtocolConnection::ProtocolConnection(ByteStream stream, TaskThread& target, Handlers handlers)
@@ -128,8 +129,8 @@ void ProtocolConnection::Receive(std::string_view text) {
     return;
   }
   ProtocolEvent event;
-  event.session = message.value("sessionId", std::string());
-  event.method = message.value("method", std::string());
+  event.session = TextField(message, "sessionId");
+  event.method = TextField(message, "method");
   event.params = std::move(message["params"]);
   target_.Post([handlers = handlers_, event = std::move(event)] { handlers->on_event(event); });
 }

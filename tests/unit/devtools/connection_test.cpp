@@ -136,11 +136,11 @@ TEST_F(ConnectionTest, TextThatIsNoUnicodeIsStillSent) {
 TEST(TaskThreadTest, TasksRunInOrderAndDelayedOnesWhenDue) {
   EventLog log;
   TaskThread thread(TaskThread::Kind::kWindows);
-  thread.PostDelayed([&] { log.Add("late"); }, std::chrono::milliseconds(60));
-  thread.PostDelayed([&] { log.Add("soon"); }, std::chrono::milliseconds(5));
   thread.Post([&] {
-    log.Add("first");
+    thread.PostDelayed([&] { log.Add("late"); }, std::chrono::milliseconds(60));
+    thread.PostDelayed([&] { log.Add("soon"); }, std::chrono::milliseconds(5));
     thread.Post([&] { log.Add("third"); });
+    log.Add("first");
     // Waiting in a task lets no other task run.
     MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
     log.Add("second");

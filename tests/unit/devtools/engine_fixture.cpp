@@ -27,7 +27,7 @@ EngineTest::EngineTest()
 
 EngineTest::~EngineTest() {
   StopEngine();
-  if (HasFailure()) {
+  if (HasFailure() || GetEnvironmentVariableW(L"SHOW_LOG", nullptr, 0)) {
     std::cout << LogText() << testing::PrintToString(log_.All()) << std::endl;
   }
   for (HWND window : windows_) {

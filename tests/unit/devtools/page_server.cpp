@@ -27,8 +27,8 @@ PageServer::~PageServer() {
     stopping_ = true;
     changed_.notify_all();
     // A browser opens connections ahead of need, on which nothing ever comes.
-    for (const SOCKET socket : open_) {
-      shutdown(socket, SD_BOTH);
+    for (const auto& connection : open_) {
+      connection->Shutdown();
     }
   }
   closesocket(listener_);
@@ -87,29 +87,28 @@ void PageServer::Run() {
 }
 
 void PageServer::Serve(SOCKET socket) {
-  bool stopping = false;
+  const auto connection = std::make_shared<ByteStream>(socket);
   {
     std::lock_guard hold(lock_);
-    stopping = stopping_;
-    open_.insert(socket);
+    if (stopping_) {
+      return;
+    }
+    open_.insert(connection);
   }
-  if (!stopping) {
-    Answer(socket);
-  }
+  Answer(*connection);
   std::lock_guard hold(lock_);
-  open_.erase(socket);
-  closesocket(socket);
+  open_.erase(connection);
 }
 
-void PageServer::Answer(SOCKET socket) {
+void PageServer::Answer(ByteStream& connection) {
   std::string request;
   char buffer[4096];
   while (request.find("\r\n\r\n") == std::string::npos) {
-    const int count = recv(socket, buffer, sizeof(buffer), 0);
-    if (count <= 0) {
+    const size_t count = connection.Read(buffer, sizeof(buffer));
+    if (count == 0) {
       return;
     }
-    request.append(buffer, static_cast<size_t>(count));
+    request.append(buffer, count);
   }
   const size_t start = request.find(' ') + 1;
   const std::string path = request.substr(start, request.find(' ', start) - start);
@@ -132,9 +131,9 @@ void PageServer::Answer(SOCKET socket) {
                              " Any\r\nContent-Type: " + page.content_type +
                              "\r\nContent-Length: " + std::to_string(page.body.size()) +
                              "\r\nConnection: close\r\n" + page.headers + "\r\n" + page.body;
-  send(socket, answer.data(), static_cast<int>(answer.size()), 0);
-  shutdown(socket, SD_SEND);
-  while (recv(socket, buffer, sizeof(buffer), 0) > 0) {
+  connection.Write(answer);
+  // The other side closes first, having read all of it.
+  while (connection.Read(buffer, sizeof(buffer)) > 0) {
   }
 }
 

@@ -4,11 +4,14 @@
 
 #include <condition_variable>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <set>
 #include <string>
 #include <thread>
 #include <vector>
+
+#include "devtools/byte_stream.h"
 
 namespace cefedition {
 
@@ -43,7 +46,7 @@ class PageServer {
  private:
   void Run();
   void Serve(SOCKET socket);
-  void Answer(SOCKET socket);
+  void Answer(ByteStream& connection);
 
   WSADATA winsock_;
   SOCKET listener_ = INVALID_SOCKET;
@@ -53,7 +56,7 @@ class PageServer {
   std::map<std::string, Page> pages_;
   std::vector<std::string> requests_;
   std::map<std::string, std::string> texts_;
-  std::set<SOCKET> open_;
+  std::set<std::shared_ptr<ByteStream>> open_;
   bool released_ = false;
   bool stopping_ = false;
   std::vector<std::thread> connections_;
