@@ -177,14 +177,14 @@ HRESULT CKZCEFComApplication::UnRegisterKzCEFBrowserCallback2(IUnknown*,
 }
 
 HRESULT CKZCEFComApplication::HostClosing(VARIANT_BOOL is_closing) {
-  return ComMember([&] {
+  return ComLeafMember([&] {
     KZCEFCom::Get()->ExchangeHostClosing(is_closing != VARIANT_FALSE);
     return S_OK;
   });
 }
 
 HRESULT CKZCEFComApplication::IsProcessingNotifications(VARIANT_BOOL* is_processing) {
-  return ComMember([&] {
+  return ComLeafMember([&] {
     if (is_processing) {
       *is_processing = KZCEFCom::Get()->IsProcessing() ? VARIANT_TRUE : VARIANT_FALSE;
     }

@@ -35,7 +35,7 @@ void CKZCEFComBrowser::FinalRelease() noexcept {
 }
 
 HRESULT CKZCEFComBrowser::GetWindowHandle(__int64* window) {
-  return ComMember([&] {
+  return ComLeafMember([&] {
     if (bridge_ && window) {
       *window = reinterpret_cast<__int64>(WindowHandle());
     }
@@ -116,7 +116,7 @@ HRESULT CKZCEFComBrowser::ResizeBrowser(double width, double height) {
 }
 
 HRESULT CKZCEFComBrowser::get_PopupUserBrowser(VARIANT_BOOL* popup) {
-  return ComMember([&] {
+  return ComLeafMember([&] {
     if (popup) {
       *popup = popup_user_browser_;
     }
@@ -125,7 +125,7 @@ HRESULT CKZCEFComBrowser::get_PopupUserBrowser(VARIANT_BOOL* popup) {
 }
 
 HRESULT CKZCEFComBrowser::put_PopupUserBrowser(VARIANT_BOOL popup) {
-  return ComMember([&] {
+  return ComLeafMember([&] {
     popup_user_browser_ = popup;
     return S_OK;
   });

@@ -6,7 +6,7 @@ namespace kzcef {
 namespace {
 
 HRESULT NotImplemented() {
-  return ComMember([] { return E_NOTIMPL; });
+  return ComLeafMember([] { return E_NOTIMPL; });
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ class BrowserLife {
   // the object waits.
   template <typename Use>
   bool With(Use&& use) {
-    const std::scoped_lock lock(mutex_);
+    const std::scoped_lock lock(section_);
     if (!browser_) {
       return false;
     }
@@ -36,13 +36,27 @@ class BrowserLife {
 
   // From the return on nobody uses the object any more.
   void End() {
-    const std::scoped_lock lock(mutex_);
+    const std::scoped_lock lock(section_);
     browser_ = nullptr;
   }
 
  private:
   // Recursive, as giving back the last reference inside With ends the object on the same thread.
-  std::recursive_mutex mutex_;
+  // The system's own, which costs a walk far less than std::recursive_mutex of the toolchain.
+  class Section {
+   public:
+    Section() { InitializeCriticalSection(&section_); }
+    ~Section() { DeleteCriticalSection(&section_); }
+    Section(const Section&) = delete;
+    Section& operator=(const Section&) = delete;
+    void lock() { EnterCriticalSection(&section_); }
+    void unlock() { LeaveCriticalSection(&section_); }
+
+   private:
+    CRITICAL_SECTION section_;
+  };
+
+  Section section_;
   CKZCEFComBrowser* browser_;
 };
 

@@ -28,7 +28,7 @@ VARIANT_BOOL DefaultFlag(int flag) {
 
 // By contract a getter fails on nothing, so a missing out pointer is left alone.
 HRESULT GetText(const std::wstring& text, BSTR* value) {
-  return ComMember([&] {
+  return ComLeafMember([&] {
     if (value) {
       *value = NewBstr(text);
     }
@@ -37,7 +37,7 @@ HRESULT GetText(const std::wstring& text, BSTR* value) {
 }
 
 HRESULT PutText(std::wstring& text, BSTR value) {
-  return ComMember([&] {
+  return ComLeafMember([&] {
     text = TextOf(value);
     return S_OK;
   });
@@ -45,7 +45,7 @@ HRESULT PutText(std::wstring& text, BSTR value) {
 
 template <typename Value>
 HRESULT GetValue(Value stored, Value* value) {
-  return ComMember([&] {
+  return ComLeafMember([&] {
     if (value) {
       *value = stored;
     }
@@ -55,7 +55,7 @@ HRESULT GetValue(Value stored, Value* value) {
 
 template <typename Value>
 HRESULT PutValue(Value& stored, Value value) {
-  return ComMember([&] {
+  return ComLeafMember([&] {
     stored = value;
     return S_OK;
   });
@@ -110,7 +110,7 @@ HRESULT CKZCEFComSettings::put_CachePath(BSTR value) {
 }
 
 HRESULT CKZCEFComSettings::AddCefCommandLineArg(BSTR name, BSTR value) {
-  return ComMember([&] {
+  return ComLeafMember([&] {
     command_line_args_.emplace(TextOf(name), TextOf(value));
     return S_OK;
   });
@@ -225,7 +225,7 @@ HRESULT CKZCEFComSettings::get_UserAgentProduct(BSTR* value) {
 }
 
 HRESULT CKZCEFComSettings::put_UserAgentProduct(BSTR value) {
-  return ComMember([&] {
+  return ComLeafMember([&] {
     user_agent_product_ = EngineProduct() + TextOf(value);
     return S_OK;
   });
@@ -272,7 +272,7 @@ HRESULT CKZCEFComSettings::put_HubPort(long value) {
 }
 
 HRESULT CKZCEFComSettings::CopyCommandLineArgs(CommandLineArgs* args) {
-  return ComMember([&] {
+  return ComLeafMember([&] {
     if (!args) {
       return E_POINTER;
     }

@@ -1,4 +1,4 @@
-// The frame of every COM member: the DLL's own module state inside, no exception out.
+// The frames of the COM members: the DLL's own module state inside, no exception out.
 #pragma once
 
 #include <windows.h>
@@ -6,16 +6,18 @@
 #include <comdef.h>
 
 #include <new>
+#include <utility>
 
 #include "com/module.h"
 
 namespace kzcef {
 
-// Runs `body`, which answers an HRESULT, as the body of a COM member or export. What it throws
-// comes back as E_OUTOFMEMORY, the COM error's own code, or E_UNEXPECTED.
+// Runs `body`, which answers an HRESULT, as the body of a COM member that touches nothing but its
+// object's own memory. Neither the host nor the system can look at the module state inside such a
+// member, and switching it would cost more than the member itself.
+// What `body` throws comes back as E_OUTOFMEMORY, the COM error's own code, or E_UNEXPECTED.
 template <typename Body>
-HRESULT ComMember(Body&& body) noexcept {
-  const ModuleStateScope module_state;
+HRESULT ComLeafMember(Body&& body) noexcept {
   try {
     return body();
   } catch (const std::bad_alloc&) {
@@ -25,6 +27,13 @@ HRESULT ComMember(Body&& body) noexcept {
   } catch (...) {
     return E_UNEXPECTED;
   }
+}
+
+// The same for every other COM member, with the module state switched.
+template <typename Body>
+HRESULT ComMember(Body&& body) noexcept {
+  const ModuleStateScope module_state;
+  return ComLeafMember(std::forward<Body>(body));
 }
 
 }  // namespace kzcef

@@ -21,7 +21,7 @@ HINSTANCE ModuleInstance() noexcept;
 // The full path of that module, of any length. Empty when the system does not tell.
 std::wstring ModulePath();
 
-// The switch to the DLL's own state that every COM member and every export makes on entry: inside
+// The switch to the DLL's own state that COM members and exports make on entry (member.h): inside
 // it the DLL's manifest is the active activation context and the DLL is the module that resources
 // come from; both are as before on every way out. Scopes nest. Each belongs to the thread that
 // made it and must end there.
