@@ -132,6 +132,9 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   void Dispatch(const ProtocolEvent& event);
   /// Asks for the history and holds all events until it is known, then runs `then`.
   void WithHistory(std::function<void()> then);
+  void GoInHistoryNow(int offset, int attempts);
+  void RequestHistory(std::function<void()> then, int attempts);
+  void OnHistoryReply(const ProtocolReply& reply, const std::function<void()>& then, int attempts);
   void OnHistory(const Json& history);
 
   void OnPageSetUp(const Json& tree);
@@ -208,6 +211,8 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   /// The main frame's present document, by the protocol's id.
   std::string committed_loader_;
   bool history_reset_ = false;
+  /// Entries at the start of the history that are none of the host's.
+  int hidden_entries_ = 0;
   /// The client has agreed to the closing, which the page may still refuse.
   bool closing_ = false;
   bool dialog_open_ = false;

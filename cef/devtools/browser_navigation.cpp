@@ -6,6 +6,7 @@
 #include "devtools/console_message.h"
 #include "devtools/edition_browser.h"
 #include "devtools/engine.h"
+#include "devtools/engine_threads.h"
 #include "devtools/json_fields.h"
 #include "devtools/log.h"
 #include "devtools/navigation_request.h"
@@ -17,6 +18,10 @@ namespace {
 
 // How long after an input a navigation still counts as the user's, as in Chromium.
 constexpr std::chrono::seconds kGestureLifetime{5};
+
+// How often, and after what pause, the history is asked for again when the browser refuses.
+constexpr int kHistoryAttempts = 20;
+constexpr std::chrono::milliseconds kHistoryRetryDelay{5};
 
 // Lines put before a script so that its errors carry the host's line numbers; beyond this the
 // numbers are not worth the text.
@@ -92,21 +97,31 @@ void BrowserCore::LoadUrlNow(CefRefPtr<EditionFrame> frame,
 }
 
 void BrowserCore::GoInHistory(int offset) {
-  Post([offset](BrowserCore& core) {
-    core.session_.Send("Page.getNavigationHistory", Json::object(),
-                       [weak = core.weak_from_this(), offset](const ProtocolReply& reply) {
-                         const auto self = weak.lock();
-                         const Json& entries = Field(reply.value, "entries");
-                         const int index = IntField(reply.value, "currentIndex") + offset;
-                         if (!self || !entries.is_array() || index < 0 ||
-                             index >= static_cast<int>(entries.size())) {
-                           return;
-                         }
-                         self->session_.Send(
-                             "Page.navigateToHistoryEntry",
-                             {{"entryId", IntField(entries[static_cast<size_t>(index)], "id")}});
-                       });
-  });
+  Post([offset](BrowserCore& core) { core.GoInHistoryNow(offset, kHistoryAttempts); });
+}
+
+void BrowserCore::GoInHistoryNow(int offset, int attempts) {
+  session_.Send(
+      "Page.getNavigationHistory", Json::object(),
+      [weak = weak_from_this(), offset, attempts](const ProtocolReply& reply) {
+        const auto self = weak.lock();
+        const std::shared_ptr<TaskThread> ui = FindEngineThread(TID_UI);
+        if (!self || self->closed_ || !ui) {
+          return;
+        }
+        if (!reply.ok && attempts > 1) {
+          ui->PostDelayed([self, offset, attempts] { self->GoInHistoryNow(offset, attempts - 1); },
+                          kHistoryRetryDelay);
+          return;
+        }
+        const Json& entries = Field(reply.value, "entries");
+        const int index = IntField(reply.value, "currentIndex") + offset;
+        if (entries.is_array() && index >= self->hidden_entries_ &&
+            index < static_cast<int>(entries.size())) {
+          self->session_.Send("Page.navigateToHistoryEntry",
+                              {{"entryId", IntField(entries[static_cast<size_t>(index)], "id")}});
+        }
+      });
 }
 
 void BrowserCore::Reload(bool ignore_cache) {
@@ -209,31 +224,61 @@ void BrowserCore::OnPageReport(const Json& params) {
 
 void BrowserCore::WithHistory(std::function<void()> then) {
   inbox_held_ = true;
+  RequestHistory(std::move(then), kHistoryAttempts);
+}
+
+void BrowserCore::RequestHistory(std::function<void()> then, int attempts) {
   if (!history_reset_) {
     // The empty document that a page is made with is no place to go back to.
-    history_reset_ = true;
-    session_.Send("Page.resetNavigationHistory");
+    session_.Send("Page.resetNavigationHistory", Json::object(),
+                  [weak = weak_from_this()](const ProtocolReply& reply) {
+                    if (const auto core = weak.lock(); core && reply.ok) {
+                      core->history_reset_ = true;
+                    }
+                  });
   }
-  session_.Send("Page.getNavigationHistory", Json::object(),
-                [weak = weak_from_this(), then = std::move(then)](const ProtocolReply& reply) {
-                  const auto core = weak.lock();
-                  if (!core || core->closed_) {
-                    return;
-                  }
-                  if (reply.ok) {
-                    core->OnHistory(reply.value);
-                  }
-                  core->inbox_held_ = false;
-                  core->inbox_.push_front(then);
-                  core->RunInbox();
-                });
+  session_.Send(
+      "Page.getNavigationHistory", Json::object(),
+      [weak = weak_from_this(), then = std::move(then), attempts](const ProtocolReply& reply) {
+        const auto core = weak.lock();
+        if (core && !core->closed_) {
+          core->OnHistoryReply(reply, then, attempts);
+        }
+      });
+}
+
+void BrowserCore::OnHistoryReply(const ProtocolReply& reply,
+                                 const std::function<void()>& then,
+                                 int attempts) {
+  const std::shared_ptr<TaskThread> ui = FindEngineThread(TID_UI);
+  if ((!reply.ok || !history_reset_) && attempts > 1 && ui) {
+    // Refused for a moment while the browser puts the new document in the old one's place.
+    ui->PostDelayed(
+        [weak = weak_from_this(), then, attempts] {
+          if (const auto core = weak.lock(); core && !core->closed_) {
+            core->RequestHistory(then, attempts - 1);
+          }
+        },
+        kHistoryRetryDelay);
+    return;
+  }
+  if (!history_reset_) {
+    history_reset_ = true;
+    hidden_entries_ = 1;
+  }
+  if (reply.ok) {
+    OnHistory(reply.value);
+  }
+  inbox_held_ = false;
+  inbox_.push_front(then);
+  RunInbox();
 }
 
 void BrowserCore::OnHistory(const Json& history) {
   const int index = IntField(history, "currentIndex");
   const int count = static_cast<int>(Field(history, "entries").size());
   ChangeState([&](State& state) {
-    state.can_go_back = index > 0;
+    state.can_go_back = index > hidden_entries_;
     state.can_go_forward = index + 1 < count;
   });
 }

@@ -10,6 +10,12 @@
 
 namespace cefedition {
 
+namespace {
+
+constexpr int kRepaintsPerSize = 5;
+
+}  // namespace
+
 PageView::PageView(PageSession& session, Delegate* delegate)
     : session_(session), delegate_(delegate), self_(std::make_shared<PageView*>(this)) {}
 
@@ -58,10 +64,18 @@ void PageView::SendSize() {
     return;
   }
   const SIZE css = CssSize();
-  session_.Send("Emulation.setDeviceMetricsOverride", {{"width", css.cx},
-                                                       {"height", css.cy},
-                                                       {"deviceScaleFactor", size.scale * zoom_},
-                                                       {"mobile", false}});
+  session_.Send("Emulation.setDeviceMetricsOverride",
+                {{"width", css.cx},
+                 {"height", css.cy},
+                 {"deviceScaleFactor", size.scale * zoom_},
+                 {"mobile", false}},
+                [self = self_](const ProtocolReply&) {
+                  // A page that only grew need not send a frame on its own.
+                  if (PageView* view = *self) {
+                    view->repaints_left_ = kRepaintsPerSize;
+                    view->Repaint();
+                  }
+                });
 }
 
 void PageView::OnFrame(const Json& params) {
@@ -77,11 +91,23 @@ void PageView::OnFrame(const Json& params) {
         return;
       }
       view->session_.Send("Page.screencastFrameAck", {{"sessionId", frame_session}});
-      if (*shared) {
-        view->window_->SetFrame(std::move(**shared));
-      }
+      view->ShowFrame(std::move(*shared));
     });
   });
+}
+
+void PageView::ShowFrame(std::optional<DecodedImage> image) {
+  if (!image) {
+    return;
+  }
+  const ViewWindow::Size size = window_->GetSize();
+  const bool fits = image->width == size.width_px && image->height == size.height_px;
+  window_->SetFrame(std::move(*image));
+  // The first frame after a change of size may still be one of the old size.
+  if (!fits && repaints_left_ > 0) {
+    --repaints_left_;
+    Repaint();
+  }
 }
 
 void PageView::SetTitle(const std::string& title) {

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "devtools/page_session.h"
@@ -57,6 +58,7 @@ class PageView : private ViewWindow::Delegate {
 
  private:
   void SendSize();
+  void ShowFrame(std::optional<DecodedImage> image);
 
   // ViewWindow::Delegate.
   void OnViewResized(int width_px, int height_px, double scale) override;
@@ -71,6 +73,8 @@ class PageView : private ViewWindow::Delegate {
   bool painting_ = false;
   bool hidden_ = false;
   double zoom_ = 1.0;
+  /// How often a frame of the right size may still be asked for.
+  int repaints_left_ = 0;
   /// Tells a picture that comes back from decoding whether the view is still the same.
   std::shared_ptr<PageView*> self_;
 };
