@@ -42,7 +42,7 @@ kz_install_packages() {
     kz_say "the package lists could not be refreshed; trying with those that are there"
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
     apt-get install -y --no-install-recommends -o Dpkg::Use-Pty=0 "${missing[@]}" |
-    grep --line-buffered -E '^(Get:|Setting up )' >&2 || true
+    grep --line-buffered -E '^(Get:|Unpacking |Setting up )' >&2 || true
   for package in "${missing[@]}"; do
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
       kz_fail "package $package could not be installed"

@@ -33,9 +33,9 @@ class PopupTest : public HandlerTest {
     CefBrowserSettings settings;
     CefRefPtr<CefDictionaryValue> extra_info;
     bool no_javascript_access = false;
-    const bool cancelled = handler_->OnBeforePopup(browser_, frame(), url, "name", CEF_WOD_NEW_POPUP,
-                                                   true, CefPopupFeatures(), window_info, client,
-                                                   settings, extra_info, &no_javascript_access);
+    const bool cancelled = handler_->OnBeforePopup(
+        browser_, frame(), url, "name", CEF_WOD_NEW_POPUP, true, CefPopupFeatures(), window_info,
+        client, settings, extra_info, &no_javascript_access);
     EXPECT_EQ(client.get(), handler_.get());
     EXPECT_EQ(window_info.style, CefWindowInfo().style);
     EXPECT_FALSE(extra_info);
