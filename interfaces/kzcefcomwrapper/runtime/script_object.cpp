@@ -56,7 +56,7 @@ CefRefPtr<CefProcessMessage> ScriptObjectMessage(const CefString& message_name,
                                                  const CefString& script_name,
                                                  const std::vector<uint8_t>& marshalled) {
   const std::string text = CefBase64Encode(marshalled.data(), marshalled.size()).ToString();
-  const CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create(message_name);
+  CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create(message_name);
   const CefRefPtr<CefListValue> arguments = message->GetArgumentList();
   arguments->SetString(0, script_name);
   arguments->SetBinary(1, CefBinaryValue::Create(text.data(), text.size()));
