@@ -12,7 +12,10 @@ namespace cefedition {
 
 namespace {
 
-constexpr int kRepaintsPerSize = 5;
+// How often, and after what pause, a frame of a new size is asked for while the page still has the
+// old one: five seconds in all.
+constexpr int kRepaintsPerSize = 100;
+constexpr std::chrono::milliseconds kRepaintPause{50};
 
 }  // namespace
 
@@ -55,6 +58,10 @@ void PageView::StartPainting() {
   painting_ = true;
   SendSize();
   session_.Send("Emulation.setFocusEmulationEnabled", {{"enabled", true}});
+  StartFrames();
+}
+
+void PageView::StartFrames() {
   session_.Send("Page.startScreencast", {{"format", "png"}});
 }
 
@@ -70,7 +77,7 @@ void PageView::SendSize() {
                  {"deviceScaleFactor", size.scale * zoom_},
                  {"mobile", false}},
                 [self = self_](const ProtocolReply&) {
-                  // A page that only grew need not send a frame on its own.
+                  // The browser need not send a frame on its own.
                   if (PageView* view = *self) {
                     view->repaints_left_ = kRepaintsPerSize;
                     view->Repaint();
@@ -103,10 +110,19 @@ void PageView::ShowFrame(std::optional<DecodedImage> image) {
   const ViewWindow::Size size = window_->GetSize();
   const bool fits = image->width == size.width_px && image->height == size.height_px;
   window_->SetFrame(std::move(*image));
-  // The first frame after a change of size may still be one of the old size.
-  if (!fits && repaints_left_ > 0) {
+  // The first frames after a change of size may still be of the old size.
+  const std::shared_ptr<TaskThread> ui = FindEngineThread(TID_UI);
+  if (fits) {
+    repaints_left_ = 0;
+  } else if (repaints_left_ > 0 && ui) {
     --repaints_left_;
-    Repaint();
+    ui->PostDelayed(
+        [self = self_] {
+          if (PageView* view = *self; view && view->repaints_left_ > 0) {
+            view->Repaint();
+          }
+        },
+        kRepaintPause);
   }
 }
 
@@ -132,14 +148,16 @@ void PageView::SetHidden(bool hidden) {
     if (hidden) {
       session_.Send("Page.stopScreencast");
     } else {
-      session_.Send("Page.startScreencast", {{"format", "png"}});
+      StartFrames();
     }
   }
 }
 
 void PageView::Repaint() {
   if (painting_ && !hidden_) {
-    session_.Send("Page.startScreencast", {{"format", "png"}});
+    // The browser sends a frame at once when frames are started, and refuses to start them twice.
+    session_.Send("Page.stopScreencast");
+    StartFrames();
   }
 }
 

@@ -58,6 +58,7 @@ class PageView : private ViewWindow::Delegate {
 
  private:
   void SendSize();
+  void StartFrames();
   void ShowFrame(std::optional<DecodedImage> image);
 
   // ViewWindow::Delegate.
