@@ -18,6 +18,8 @@ constexpr auto kLaunchTimeout = 10s;
 constexpr auto kConnectTimeout = 10s;
 constexpr auto kCloseBrowsersTimeout = 3s;
 constexpr auto kCloseProcessTimeout = 3s;
+// How long a refused page may take to make the request that it was opened for.
+constexpr auto kRefusedRequestTimeout = 3s;
 
 std::mutex g_current_lock;
 
@@ -62,6 +64,11 @@ std::shared_ptr<Engine> Engine::Start(const CefSettings& settings,
   }
   return engine;
 }
+
+Engine::Engine()
+    : refused_pages_([this](const std::string& session, const std::string& method, Json params) {
+        Send(session, method, std::move(params));
+      }) {}
 
 Engine::~Engine() = default;
 
@@ -243,12 +250,17 @@ void Engine::CloseTarget(const std::string& target_id) {
   Send({}, "Target.closeTarget", {{"targetId", target_id}});
 }
 
-void Engine::RefusePopup(const std::string& target_id, const std::string& session_id) {
-  // A page that waits holds up its opener's process, and closing alone does not end the wait. So it
-  // is let go, but every request it makes is held until it is closed.
-  Send(session_id, "Fetch.enable", Json::object());
-  Send(session_id, "Runtime.runIfWaitingForDebugger", Json::object());
-  CloseTarget(target_id);
+void Engine::RefusePopup(const std::string& target_id, const std::string& session_id, bool loads) {
+  refused_pages_.Refuse(target_id, session_id, loads);
+  if (const std::shared_ptr<TaskThread> ui = FindEngineThread(TID_UI); ui && loads) {
+    ui->PostDelayed(
+        [weak = weak_from_this(), session_id] {
+          if (const auto self = weak.lock()) {
+            self->refused_pages_.CloseIfOpen(session_id);
+          }
+        },
+        kRefusedRequestTimeout);
+  }
 }
 
 void Engine::AttachClientSession(const std::string& target_id,
@@ -298,6 +310,9 @@ void Engine::OnEvent(const ProtocolEvent& event) {
     }
     return;
   }
+  if (refused_pages_.OnEvent(event)) {
+    return;
+  }
   for (const auto& browser : Browsers()) {
     if (browser->session().id() == event.session) {
       browser->OnEvent(event);
@@ -325,7 +340,7 @@ void Engine::OnAttached(const Json& params) {
   }
   const std::shared_ptr<BrowserCore> opener = FindByTarget(opener_id);
   if (!opener || stopping_) {
-    RefusePopup(target_id, session_id);
+    RefusePopup(target_id, session_id, /*loads=*/true);
     return;
   }
   opener->OnPopupPage(info, session_id);
@@ -333,6 +348,7 @@ void Engine::OnAttached(const Json& params) {
 
 void Engine::OnDetached(const Json& params) {
   const std::string session_id = TextField(params, "sessionId");
+  refused_pages_.OnDetached(session_id);
   for (const auto& browser : Browsers()) {
     if (browser->session().id() == session_id) {
       browser->Enqueue([browser] { browser->OnPageGone(); });

@@ -11,6 +11,7 @@
 #include "devtools/browser_core.h"
 #include "devtools/engine_process.h"
 #include "devtools/protocol_connection.h"
+#include "devtools/refused_pages.h"
 #include "include/cef_app.h"
 
 namespace cefedition {
@@ -65,8 +66,9 @@ class Engine : public std::enable_shared_from_this<Engine> {
                   const std::string& target_id,
                   const std::string& session_id);
   void CloseTarget(const std::string& target_id);
-  /// Closes a page that waits for its first load, without letting it load.
-  void RefusePopup(const std::string& target_id, const std::string& session_id);
+  /// Closes a page that waits for its first load, without letting it load. `loads` says whether it
+  /// is about to request something.
+  void RefusePopup(const std::string& target_id, const std::string& session_id, bool loads);
   /// Opens a second session to a page; `done` hears its id, empty on failure.
   void AttachClientSession(const std::string& target_id,
                            std::function<void(const std::string& session_id)> done);
@@ -75,7 +77,7 @@ class Engine : public std::enable_shared_from_this<Engine> {
   std::vector<std::shared_ptr<BrowserCore>> Browsers() const;
 
  private:
-  Engine() = default;
+  Engine();
   bool Launch(const CefSettings& settings, std::string& error);
   bool Connect(std::string& error);
 
@@ -105,6 +107,7 @@ class Engine : public std::enable_shared_from_this<Engine> {
   std::map<int, std::shared_ptr<BrowserCore>> browsers_;
   /// Sessions of pages that wait for the answer that says whose they are, by target.
   std::map<std::string, std::string> unclaimed_sessions_;
+  RefusedPages refused_pages_;
 };
 
 }  // namespace cefedition

@@ -103,7 +103,7 @@ void PopupRequests::OnPage(const Json& target_info, const std::string& session_i
   }
   Engine& engine = opener_.engine();
   if (refused || !engine.AdoptPopup(spec, target_id, session_id)) {
-    engine.RefusePopup(target_id, session_id);
+    engine.RefusePopup(target_id, session_id, IsInterceptable(wish.url));
   }
 }
 
