@@ -205,7 +205,7 @@ bool ValueReference::IsReadOnly() const {
 }
 
 ValueNode::Ptr ValueReference::Take(const ValueNode* new_parent) {
-  const ValueNode::Ptr node = Get();
+  ValueNode::Ptr node = Get();
   // A tree cannot be hung below itself, and a read-only one stays with whoever made it so.
   if (owned_ && !owned_->read_only && !new_parent->IsInside(owned_.get())) {
     owned_ = nullptr;

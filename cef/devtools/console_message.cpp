@@ -41,7 +41,7 @@ std::string ValueText(const Json& object) {
   if (type == "boolean") {
     return BoolField(object, "value") ? "true" : "false";
   }
-  const std::string description = TextField(object, "description");
+  std::string description = TextField(object, "description");
   if (type == "object") {
     if (subtype == "error") {
       return FirstLine(description);

@@ -93,7 +93,7 @@ void AppendSettings(CefCommandLine& command_line, const CefSettings& settings) {
 std::string FindBrowserProgram(std::string& error) {
   const std::wstring named = EnvironmentText(L"KZCEF_ENGINE_PATH");
   if (!named.empty()) {
-    const std::string program = named.front() == L'/' ? WideToUtf8(named) : ToUnixPath(named);
+    std::string program = named.front() == L'/' ? WideToUtf8(named) : ToUnixPath(named);
     if (IsFile(program)) {
       return program;
     }

@@ -49,7 +49,7 @@ std::vector<CefRefPtr<EditionFrame>> FrameTree::All() const {
 }
 
 CefRefPtr<EditionFrame> FrameTree::Touch(const std::string& id, const std::string& parent_id) {
-  if (const CefRefPtr<EditionFrame> known = Find(id)) {
+  if (CefRefPtr<EditionFrame> known = Find(id)) {
     return known;
   }
   if (parent_id.empty()) {

@@ -40,7 +40,7 @@ void LoadTracker::ExpectTransition(const std::string& frame_id, uint32_t transit
 
 bool LoadTracker::AskForHost(const std::string& frame_id, const std::string& url) {
   SetLoading(frame_id, true);
-  Pending pending;
+  PendingNavigation pending;
   pending.url = url;
   pending.transition = TT_EXPLICIT | TT_DIRECT_LOAD_FLAG;
   if (!Ask(frame_id, url, pending)) {
@@ -89,8 +89,8 @@ bool LoadTracker::OnNavigationStarted(const std::string& frame_id,
                                       const std::string& type,
                                       bool is_main) {
   Frame& frame = frames_[frame_id];
-  const std::optional<Pending> replaced = std::exchange(frame.pending, std::nullopt);
-  Pending pending;
+  const std::optional<PendingNavigation> replaced = std::exchange(frame.pending, std::nullopt);
+  PendingNavigation pending;
   pending.loader_id = loader_id;
   pending.url = url;
   pending.same_document = type == "sameDocument" || type == "historySameDocument";
@@ -100,7 +100,7 @@ bool LoadTracker::OnNavigationStarted(const std::string& frame_id,
   pending.asked = std::exchange(frame.asked_url, std::nullopt) == url;
   frame.pending = pending;
   if (replaced && !replaced->same_document) {
-    Pending aborted = *replaced;
+    PendingNavigation aborted = *replaced;
     aborted.error = ERR_ABORTED;
     Fail(frame_id, aborted);
   }
@@ -126,14 +126,14 @@ bool LoadTracker::OnRequest(const std::string& frame_id, const std::string& url,
   }
   frame.pending->url = url;
   SetLoading(frame_id, true);
-  Pending& pending = frames_[frame_id].pending.value();
+  PendingNavigation& pending = frames_[frame_id].pending.value();
   if (pending.asked && !pending.request_seen) {
     pending.request_seen = true;
     return pending.error == ERR_ABORTED;
   }
-  const Pending asked = pending;
+  const PendingNavigation asked = pending;
   pending.request_seen = true;
-  Pending copy = asked;
+  PendingNavigation copy = asked;
   return Ask(frame_id, url, copy);
 }
 
@@ -159,7 +159,7 @@ void LoadTracker::OnNavigateFailed(const std::string& frame_id,
   }
   frame.asked_url.reset();
   frame.expected_transition.reset();
-  Pending refused;
+  PendingNavigation refused;
   refused.url = url;
   refused.error = error;
   Fail(frame_id, refused);
@@ -177,7 +177,7 @@ void LoadTracker::OnCommitted(const std::string& frame_id,
     frame.pending.emplace();
     frame.pending->transition = TransitionOf(frame, url, {}, is_main);
   }
-  Pending pending = *std::exchange(frame.pending, std::nullopt);
+  PendingNavigation pending = *std::exchange(frame.pending, std::nullopt);
   if (!unreachable_url.empty()) {
     frame.document_open = false;
     pending.url = unreachable_url;
@@ -222,7 +222,7 @@ void LoadTracker::OnStoppedLoading(const std::string& frame_id) {
       return;
     }
   } else if (frame.pending && !frame.pending->same_document) {
-    Pending aborted = *std::exchange(frame.pending, std::nullopt);
+    PendingNavigation aborted = *std::exchange(frame.pending, std::nullopt);
     if (aborted.error == ERR_NONE) {
       aborted.error = ERR_ABORTED;
     }
@@ -257,7 +257,9 @@ void LoadTracker::SetLoading(const std::string& frame_id, bool loading) {
   }
 }
 
-bool LoadTracker::Ask(const std::string& frame_id, const std::string& url, Pending& pending) {
+bool LoadTracker::Ask(const std::string& frame_id,
+                      const std::string& url,
+                      PendingNavigation& pending) {
   NavigationRequest request;
   request.frame_id = frame_id;
   request.url = url;
@@ -267,7 +269,7 @@ bool LoadTracker::Ask(const std::string& frame_id, const std::string& url, Pendi
   return delegate_->OnNavigationStarting(request);
 }
 
-void LoadTracker::Fail(const std::string& frame_id, const Pending& pending) {
+void LoadTracker::Fail(const std::string& frame_id, const PendingNavigation& pending) {
   delegate_->OnLoadFailed(frame_id, pending.error, pending.url);
 }
 

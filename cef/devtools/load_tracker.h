@@ -19,6 +19,20 @@ struct NavigationRequest {
   bool is_redirect = false;
 };
 
+/// A navigation of one frame that has not committed yet.
+struct PendingNavigation {
+  std::string loader_id;
+  std::string url;
+  uint32_t transition = TT_LINK;
+  bool user_gesture = false;
+  bool same_document = false;
+  /// The delegate has been asked about `url`.
+  bool asked = false;
+  bool request_seen = false;
+  int http_status = 0;
+  cef_errorcode_t error = ERR_NONE;
+};
+
 /// Follows the loads of one browser's frames from the protocol's events and turns them into what
 /// CEF tells its client, in CEF's order. Knows neither the protocol's messages nor CEF's objects.
 /// One thread.
@@ -97,23 +111,12 @@ class LoadTracker {
   void OnCrashed();
 
  private:
-  struct Pending {
-    std::string loader_id;
-    std::string url;
-    uint32_t transition = TT_LINK;
-    bool user_gesture = false;
-    bool same_document = false;
-    bool asked = false;
-    bool request_seen = false;
-    int http_status = 0;
-    cef_errorcode_t error = ERR_NONE;
-  };
   struct Requested {
     std::string reason;
     std::string url;
   };
   struct Frame {
-    std::optional<Pending> pending;
+    std::optional<PendingNavigation> pending;
     std::optional<Requested> requested;
     std::optional<uint32_t> expected_transition;
     /// The URL that `AskForHost` has already asked about.
@@ -124,8 +127,8 @@ class LoadTracker {
   };
 
   void SetLoading(const std::string& frame_id, bool loading);
-  bool Ask(const std::string& frame_id, const std::string& url, Pending& pending);
-  void Fail(const std::string& frame_id, const Pending& pending);
+  bool Ask(const std::string& frame_id, const std::string& url, PendingNavigation& pending);
+  void Fail(const std::string& frame_id, const PendingNavigation& pending);
   uint32_t TransitionOf(Frame& frame,
                         const std::string& url,
                         const std::string& type,

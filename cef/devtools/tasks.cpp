@@ -12,8 +12,8 @@ Task Wrap(CefRefPtr<CefTask> task) {
 
 class TaskRunner : public CefTaskRunner {
  public:
-  TaskRunner(CefThreadId id, std::shared_ptr<TaskThread> thread)
-      : id_(id), thread_(std::move(thread)) {}
+  TaskRunner(CefThreadId id, const std::shared_ptr<TaskThread>& thread)
+      : id_(id), thread_(thread) {}
 
   bool IsSame(CefRefPtr<CefTaskRunner> that) override {
     const auto* other = static_cast<TaskRunner*>(that.get());

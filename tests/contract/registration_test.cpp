@@ -17,7 +17,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::Not;
 
 constexpr wchar_t kPlayground[] = L"Software\\KZCEFComWrapperContractTest";
 constexpr wchar_t kUserClasses[] = L"Software\\Classes";

@@ -56,7 +56,7 @@ const Property<long> kNumbers[] = {
 };
 
 std::wstring Take(BSTR text) {
-  const std::wstring copy(text, text ? text + SysStringLen(text) : text);
+  std::wstring copy(text, text ? text + SysStringLen(text) : text);
   SysFreeString(text);
   return copy;
 }

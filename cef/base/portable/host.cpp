@@ -345,7 +345,7 @@ std::optional<std::string> CanonicalHost(std::string_view text) {
   if (!valid || std::any_of(unescaped.begin(), unescaped.end(), IsForbidden)) {
     return std::nullopt;
   }
-  const std::optional<std::string> host = ToAscii(unescaped);
+  std::optional<std::string> host = ToAscii(unescaped);
   if (!host || !EndsInNumber(*host)) {
     return host;
   }

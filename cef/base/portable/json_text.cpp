@@ -54,6 +54,10 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
   std::string problem;
   size_t problem_offset = 0;
 
+  Builder() = default;
+  Builder(const Builder&) = delete;
+  Builder& operator=(const Builder&) = delete;
+
   bool null() override { return Add(nullptr); }
   bool boolean(bool value) override { return Add(value); }
   bool number_integer(number_integer_t value) override { return Add(value); }

@@ -10,7 +10,7 @@ namespace cefedition {
 namespace {
 
 // What a part of a URL may not hold as it is, besides controls and characters beyond ASCII.
-constexpr std::string_view kNotInOpaque = "";
+constexpr std::string_view kNotInOpaque;
 constexpr std::string_view kNotInPath = " \"#<>?`{}";
 constexpr std::string_view kNotInQuery = " \"#'<>";
 constexpr std::string_view kNotInFragment = " \"<>`";

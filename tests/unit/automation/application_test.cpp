@@ -11,7 +11,6 @@
 namespace kzcef::testing {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::NiceMock;
 
 // The application object of a process in which nothing was started.

@@ -6,7 +6,6 @@
 namespace kzcef::testing {
 namespace {
 
-using ::testing::_;
 using ::testing::DoAll;
 using ::testing::InSequence;
 using ::testing::Pointee;

@@ -10,7 +10,6 @@ namespace {
 
 using ::testing::_;
 using ::testing::NiceMock;
-using ::testing::StrictMock;
 
 class Registration : public AutomationTest {
  protected:

@@ -83,7 +83,7 @@ TEST(BindTest, OnceCallbackIsNullAfterItsRun) {
   base::OnceClosure closure = base::DoNothing();
   EXPECT_TRUE(closure);
   std::move(closure).Run();
-  EXPECT_FALSE(closure);
+  EXPECT_FALSE(closure);  // NOLINT(bugprone-use-after-move): that is what is tested
 }
 
 TEST(BindTest, MovesArgumentsIntoAOnceCallback) {
@@ -155,7 +155,7 @@ TEST(RefPtrTest, CountsAndCompares) {
   EXPECT_FALSE(a->HasOneRef());
   EXPECT_TRUE(a == b);
   CefRefPtr<Counted> c = std::move(a);
-  EXPECT_FALSE(a);
+  EXPECT_FALSE(a);  // NOLINT(bugprone-use-after-move): that is what is tested
   b = nullptr;
   EXPECT_TRUE(c->HasOneRef());
   c = c.get();

@@ -22,7 +22,7 @@ class FileUtilTest : public testing::Test {
   }
 
   fs::path MakeFile(const fs::path& name) {
-    const fs::path path = root_ / name;
+    fs::path path = root_ / name;
     std::ofstream(path) << "x";
     return path;
   }

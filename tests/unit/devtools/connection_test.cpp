@@ -21,7 +21,7 @@ class ConnectionTest : public testing::Test {
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     address.sin_port = htons(listener.port());
-    connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof(address));
+    EXPECT_EQ(connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof(address)), 0);
     browser_ = ByteStream(socket);
     browser_.Write("hello\nrest");
     std::string line;
@@ -60,7 +60,7 @@ class ConnectionTest : public testing::Test {
       }
       received_.append(buffer, count);
     }
-    const std::string message = received_.substr(0, received_.find('\0'));
+    std::string message = received_.substr(0, received_.find('\0'));
     received_.erase(0, message.size() + 1);
     return message;
   }

@@ -11,7 +11,7 @@ namespace {
 
 std::filesystem::path NewFolder() {
   const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-  const std::filesystem::path folder =
+  std::filesystem::path folder =
       std::filesystem::temp_directory_path() /
       (std::string("engine_test_") + test->name() + "_" + std::to_string(GetCurrentProcessId()));
   std::filesystem::create_directories(folder);

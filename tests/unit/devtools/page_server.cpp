@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <system_error>
 
 namespace cefedition {
 
@@ -14,7 +15,9 @@ PageServer::PageServer() {
   address.sin_family = AF_INET;
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
   int size = sizeof(address);
-  bind(listener_, reinterpret_cast<sockaddr*>(&address), size);
+  if (bind(listener_, reinterpret_cast<sockaddr*>(&address), size) != 0) {
+    throw std::system_error(WSAGetLastError(), std::system_category(), "a page server's port");
+  }
   listen(listener_, SOMAXCONN);
   getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size);
   port_ = ntohs(address.sin_port);

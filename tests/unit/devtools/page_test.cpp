@@ -11,7 +11,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::StartsWith;
 
 class PageTest : public EngineTest {
  protected:

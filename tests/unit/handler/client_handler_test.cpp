@@ -11,7 +11,6 @@
 namespace kzcef {
 namespace {
 
-using ::testing::_;
 using testing::HandlerTest;
 
 TEST_F(HandlerTest, StartsAsConstructed) {

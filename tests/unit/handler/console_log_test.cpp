@@ -22,9 +22,8 @@ class ConsoleLogTest : public ::testing::Test {
   std::string PathOf(const char* name) const { return (folder_ / name).string(); }
 
   static std::filesystem::path NewFolder() {
-    const std::filesystem::path folder =
-        std::filesystem::temp_directory_path() /
-        ("kz-console-log-" + std::to_string(GetCurrentProcessId()));
+    std::filesystem::path folder = std::filesystem::temp_directory_path() /
+                                   ("kz-console-log-" + std::to_string(GetCurrentProcessId()));
     std::filesystem::create_directory(folder);
     return folder;
   }

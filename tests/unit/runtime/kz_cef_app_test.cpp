@@ -17,7 +17,6 @@ namespace kzcef {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 // Remembers what is appended, in order, and fails the test for everything else.
 class RecordingCommandLine : public CefCommandLine {
