@@ -84,12 +84,13 @@ HRESULT CKZCEFComApplication::RegisterKzCEFBrowserCallback(IKZCEFComToken*,
                                                            long addin_id,
                                                            IKZCEFComBrowser* browser,
                                                            IKZCEFComBrowserHandler* handler) {
+  if (!browser || !handler) {
+    return S_OK;
+  }
   return ComMember([&] {
-    if (browser && handler) {
-      const auto known_handler = Query<IKZCEFComBrowserHandler>(handler);
-      const auto known_browser = Query<IKZCEFComBrowser>(browser);
-      Register(addin_id, {known_handler.Get(), known_browser.Get()});
-    }
+    const auto known_handler = Query<IKZCEFComBrowserHandler>(handler);
+    const auto known_browser = Query<IKZCEFComBrowser>(browser);
+    Register(addin_id, {known_handler.Get(), known_browser.Get()});
     return S_OK;
   });
 }
@@ -98,12 +99,13 @@ HRESULT CKZCEFComApplication::UnRegisterKzCEFBrowserCallback(IKZCEFComToken*,
                                                              long,
                                                              IKZCEFComBrowser* browser,
                                                              IKZCEFComBrowserHandler* handler) {
+  if (!browser || !handler) {
+    return S_OK;
+  }
   return ComMember([&] {
-    if (browser && handler) {
-      const auto known_handler = Query<IKZCEFComBrowserHandler>(handler);
-      const auto known_browser = Query<IKZCEFComBrowser>(browser);
-      Unregister({known_handler.Get(), known_browser.Get()});
-    }
+    const auto known_handler = Query<IKZCEFComBrowserHandler>(handler);
+    const auto known_browser = Query<IKZCEFComBrowser>(browser);
+    Unregister({known_handler.Get(), known_browser.Get()});
     return S_OK;
   });
 }
@@ -152,12 +154,13 @@ HRESULT CKZCEFComApplication::RegisterKzCEFBrowserCallback2(IUnknown*,
                                                             long addin_id,
                                                             IUnknown* browser,
                                                             IUnknown* handler) {
+  if (!browser || !handler) {
+    return S_OK;
+  }
   return ComMember([&] {
-    if (browser && handler) {
-      const bool is_handler = Query<IKZCEFComBrowserHandler>(handler) != nullptr;
-      const bool is_browser = Query<IKZCEFComBrowser>(browser) != nullptr;
-      Register(addin_id, {is_handler ? handler : nullptr, is_browser ? browser : nullptr});
-    }
+    const bool is_handler = Query<IKZCEFComBrowserHandler>(handler) != nullptr;
+    const bool is_browser = Query<IKZCEFComBrowser>(browser) != nullptr;
+    Register(addin_id, {is_handler ? handler : nullptr, is_browser ? browser : nullptr});
     return S_OK;
   });
 }
@@ -166,12 +169,13 @@ HRESULT CKZCEFComApplication::UnRegisterKzCEFBrowserCallback2(IUnknown*,
                                                               long,
                                                               IUnknown* browser,
                                                               IUnknown* handler) {
+  if (!browser || !handler) {
+    return S_OK;
+  }
   return ComMember([&] {
-    if (browser && handler) {
-      const bool is_handler = Query<IKZCEFComBrowserHandler>(handler) != nullptr;
-      const bool is_browser = Query<IKZCEFComBrowser>(browser) != nullptr;
-      Unregister({is_handler ? handler : nullptr, is_browser ? browser : nullptr});
-    }
+    const bool is_handler = Query<IKZCEFComBrowserHandler>(handler) != nullptr;
+    const bool is_browser = Query<IKZCEFComBrowser>(browser) != nullptr;
+    Unregister({is_handler ? handler : nullptr, is_browser ? browser : nullptr});
     return S_OK;
   });
 }

@@ -1,12 +1,13 @@
 // The dispatchers of KZCEFCom: one walk over the handlers for each notification.
 
-#include <comutil.h>
+#include <comdef.h>
 #include <wrl/client.h>
 
 #include "KZCEFComWrapper.h"
 #include "automation/browser.h"
 #include "automation/browser_life.h"
 #include "automation/kzcef_com.h"
+#include "com/text.h"
 
 namespace kzcef {
 namespace {
@@ -19,12 +20,12 @@ __int64 HandleValue(HWND window) {
 
 // The handler's own copy of a text, the same for all handlers of a walk. An empty text is an empty
 // BSTR and not a null one. Throws _com_error with E_OUTOFMEMORY.
-_bstr_t NotificationText(const std::wstring& text) {
-  const BSTR copy = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+UniqueBstr NotificationText(const std::wstring& text) {
+  UniqueBstr copy(NewBstr(text));
   if (!copy) {
     _com_issue_error(E_OUTOFMEMORY);
   }
-  return {copy, false};
+  return copy;
 }
 
 }  // namespace
@@ -92,9 +93,10 @@ void KZCEFCom::PassPendingScriptHandlers(HWND window) const {
 
 void KZCEFCom::AddressChangeNotify(HWND window, const std::wstring& new_address) {
   PassPendingScriptHandlers(window);
-  const _bstr_t address = NotificationText(new_address);
-  Walk<IKZCEFComBrowserHandler>(
-      window, [&](IKZCEFComBrowserHandler& handler) { handler.AddressChangeNotify(address); });
+  const UniqueBstr address = NotificationText(new_address);
+  Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
+    handler.AddressChangeNotify(address.get());
+  });
 }
 
 void KZCEFCom::BeforeBrowseNotify(HWND window,
@@ -102,9 +104,9 @@ void KZCEFCom::BeforeBrowseNotify(HWND window,
                                   VARIANT_BOOL user_gesture,
                                   VARIANT_BOOL is_redirect,
                                   VARIANT_BOOL* cancel_navigation) {
-  const _bstr_t url = NotificationText(request_url);
+  const UniqueBstr url = NotificationText(request_url);
   Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
-    handler.BeforeBrowseNotify(url, user_gesture, is_redirect, cancel_navigation);
+    handler.BeforeBrowseNotify(url.get(), user_gesture, is_redirect, cancel_navigation);
   });
 }
 
@@ -127,10 +129,12 @@ void KZCEFCom::BeforePopupNotify(HWND window,
                                  const std::wstring& url,
                                  VARIANT_BOOL* popup,
                                  VARIANT_BOOL* proceed) {
-  const _bstr_t target = NotificationText(url);
+  const UniqueBstr target = NotificationText(url);
   Walk<IKZCEFComBrowserHandler>(
       window,
-      [&](IKZCEFComBrowserHandler& handler) { handler.BeforePopupNotify(target, popup, proceed); },
+      [&](IKZCEFComBrowserHandler& handler) {
+        handler.BeforePopupNotify(target.get(), popup, proceed);
+      },
       popup);
 }
 
@@ -147,18 +151,19 @@ void KZCEFCom::BrowserCreatedNotify(HWND window) {
 }
 
 void KZCEFCom::DownloadCompletedNotify(HWND window, const std::wstring& download_path_name) {
-  const _bstr_t path = NotificationText(download_path_name);
-  Walk<IKZCEFComBrowserHandler>(
-      window, [&](IKZCEFComBrowserHandler& handler) { handler.DownloadCompletedNotify(path); });
+  const UniqueBstr path = NotificationText(download_path_name);
+  Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
+    handler.DownloadCompletedNotify(path.get());
+  });
 }
 
 void KZCEFCom::DownloadUpdatedNotify(HWND window,
                                      const std::wstring& download_path_name,
                                      long download_status,
                                      long percent_complete) {
-  const _bstr_t path = NotificationText(download_path_name);
+  const UniqueBstr path = NotificationText(download_path_name);
   Walk<IKZCEFComBrowserHandler2>(window, [&](IKZCEFComBrowserHandler2& handler) {
-    handler.DownloadUpdatedNotify(path, download_status, percent_complete);
+    handler.DownloadUpdatedNotify(path.get(), download_status, percent_complete);
   });
 }
 
@@ -211,10 +216,10 @@ void KZCEFCom::LoadingStateChangeNotify(HWND window,
 void KZCEFCom::ResourceLoadCompleteNotify(HWND window,
                                           const std::wstring& request_url,
                                           const std::wstring& json) {
-  const _bstr_t url = NotificationText(request_url);
-  const _bstr_t body = NotificationText(json);
+  const UniqueBstr url = NotificationText(request_url);
+  const UniqueBstr body = NotificationText(json);
   Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
-    handler.ResourceLoadCompleteNotify(url, body);
+    handler.ResourceLoadCompleteNotify(url.get(), body.get());
   });
 }
 
@@ -222,9 +227,9 @@ void KZCEFCom::ResourceRedirectNotify(HWND window,
                                       const std::wstring& old_url,
                                       BSTR* new_url,
                                       long status_code) {
-  const _bstr_t old = NotificationText(old_url);
+  const UniqueBstr old = NotificationText(old_url);
   Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
-    handler.ResourceRedirectNotify(old, new_url, status_code);
+    handler.ResourceRedirectNotify(old.get(), new_url, status_code);
   });
 }
 

@@ -38,7 +38,8 @@ HRESULT GetText(const std::wstring& text, BSTR* value) {
 
 HRESULT PutText(std::wstring& text, BSTR value) {
   return ComLeafMember([&] {
-    text = TextOf(value);
+    // Into the memory that is there already.
+    text.assign(ViewOf(value));
     return S_OK;
   });
 }
@@ -111,7 +112,10 @@ HRESULT CKZCEFComSettings::put_CachePath(BSTR value) {
 
 HRESULT CKZCEFComSettings::AddCefCommandLineArg(BSTR name, BSTR value) {
   return ComLeafMember([&] {
-    command_line_args_.emplace(TextOf(name), TextOf(value));
+    // The first value of a switch stays.
+    if (const std::wstring_view key = ViewOf(name); !command_line_args_.contains(key)) {
+      command_line_args_.emplace(key, ViewOf(value));
+    }
     return S_OK;
   });
 }

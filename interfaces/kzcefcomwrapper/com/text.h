@@ -5,7 +5,9 @@
 
 #include <oleauto.h>
 
+#include <memory>
 #include <string>
+#include <string_view>
 
 namespace kzcef {
 
@@ -15,9 +17,20 @@ inline std::wstring TextOf(BSTR text) {
   return text ? std::wstring(text, SysStringLen(text)) : std::wstring();
 }
 
+// The same in place, for as long as the caller's text lives.
+inline std::wstring_view ViewOf(BSTR text) noexcept {
+  return text ? std::wstring_view(text, SysStringLen(text)) : std::wstring_view();
+}
+
 // A new BSTR for the caller to free; null when memory runs out.
 inline BSTR NewBstr(const std::wstring& text) noexcept {
   return SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
 }
+
+// A BSTR that is freed at the end of its scope.
+struct BstrFree {
+  void operator()(BSTR text) const noexcept { SysFreeString(text); }
+};
+using UniqueBstr = std::unique_ptr<OLECHAR, BstrFree>;
 
 }  // namespace kzcef

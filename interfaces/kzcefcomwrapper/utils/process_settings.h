@@ -5,13 +5,14 @@
 // any thread may read. Every accessor answers a copy.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 
 namespace kzcef {
 
 // Switch names to switch values, both as the host gave them, in ordinal order of the names.
-using CommandLineArgs = std::map<std::wstring, std::wstring>;
+using CommandLineArgs = std::map<std::wstring, std::wstring, std::less<>>;
 
 CommandLineArgs CommandLineArgTable();
 // Replaces the table as a whole.
