@@ -305,12 +305,14 @@ void BrowserCore::OnRequestPaused(const Json& params) {
     const bool cancelled =
         loads_.OnRequest(frame_id, RequestUrl(request), frames_->IsMain(frame_id));
     paused_request_ = nullptr;
+    // A popup with a process of its own is set up only once its first request has its answer.
     if (cancelled) {
-      session_.Send("Fetch.failRequest", {{"requestId", request_id}, {"errorReason", "Aborted"}});
+      session_.SendAtOnce("Fetch.failRequest",
+                          {{"requestId", request_id}, {"errorReason", "Aborted"}});
       return;
     }
   }
-  session_.Send("Fetch.continueRequest", {{"requestId", request_id}});
+  session_.SendAtOnce("Fetch.continueRequest", {{"requestId", request_id}});
 }
 
 void BrowserCore::OnFrameNavigated(const Json& params) {

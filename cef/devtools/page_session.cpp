@@ -33,6 +33,14 @@ void PageSession::Send(const std::string& method,
   }
 }
 
+void PageSession::SendAtOnce(const std::string& method, Json params) {
+  std::lock_guard hold(lock_);
+  const std::shared_ptr<ProtocolConnection> connection = connection_.lock();
+  if ((state_ == State::kAttached || state_ == State::kOpen) && connection) {
+    connection->Send(session_id_, method, std::move(params), {});
+  }
+}
+
 void PageSession::Attach(const std::string& session_id,
                          const std::function<void(const Sender&)>& set_up) {
   std::lock_guard hold(lock_);

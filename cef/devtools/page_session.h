@@ -19,6 +19,10 @@ class PageSession {
             Json params = Json::object(),
             ProtocolConnection::ReplyHandler handler = {});
 
+  /// Sends past those that wait, once the page is there. For what a page that is being set up waits
+  /// for itself.
+  void SendAtOnce(const std::string& method, Json params);
+
   /// Sends one command of those that set a page up.
   using Sender = std::function<
       void(const std::string& method, Json params, ProtocolConnection::ReplyHandler handler)>;

@@ -8,11 +8,6 @@ from support import processes
 from support.steps import created, do, loaded, script, wait
 
 
-KNOWN_LATE_REFUSAL = pytest.mark.xfail(
-    strict=False,
-    reason="under load the edition's engine refuses a popup only after its page was requested")
-
-
 @pytest.fixture
 def shell(tmp_path):
     """Stands in for the desktop: writes down what it is asked to open."""
@@ -89,7 +84,6 @@ def test_popup_that_the_host_forbids_does_not_come(hosts, site, shell):
     assert shell.opened() == []
 
 
-@KNOWN_LATE_REFUSAL
 def test_popup_for_the_desktop_goes_to_the_shell_and_does_not_come(hosts, site, shell):
     url = opener(site)
     host = hosts.start([created(), loaded(),
@@ -104,7 +98,6 @@ def test_popup_for_the_desktop_goes_to_the_shell_and_does_not_come(hosts, site, 
     assert "/popup.html" not in site.paths()
 
 
-@KNOWN_LATE_REFUSAL
 def test_browsers_own_flag_sends_popups_to_the_desktop(hosts, site, shell):
     url = opener(site)
     host = hosts.start([do("init"), do("browser", name="b1", url=url, popup=True),
@@ -145,14 +138,13 @@ def test_answers_can_depend_on_the_address(hosts, site):
     assert "/popup.html" not in site.paths()
 
 
-@pytest.mark.skip(reason="an allowed popup of a clicked target=_blank link never requests its page")
 def test_link_into_a_window_of_its_own_is_asked_for(hosts, site):
     site.page("/popup.html", "popup")
     url = site.page("/opener.html", "<a href='/popup.html' target='_blank' style='position:absolute;"
                                     "left:0;top:0;width:200px;height:100px'>go</a>")
     host = hosts.start([created(), loaded(), do("click", x=50, y=50),
-                        wait("BeforePopupNotify", URL=site.url("/popup.html")),
-                        do("waitFile", path="seen", timeout=40_000)], url=url)
+                        wait("BeforePopupNotify", URL=site.url("/popup.html")), created(),
+                        wait("AddressChangeNotify", NewAddress="*/popup.html"), loaded()],
+                       url=url)
     site.wait_for("/popup.html")
-    (hosts.folder / "seen").touch()
     host.finish().succeeded()
