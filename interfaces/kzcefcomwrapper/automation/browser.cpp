@@ -95,12 +95,16 @@ HRESULT CKZCEFComBrowser::RemoveJSHandler(BSTR name, IDispatch* object) {
 HRESULT CKZCEFComBrowser::StartBrowser(__int64 parent) {
   return ComMember([&] {
     if (bridge_) {
-      kzCefInstance* const before = bridge_->GetInstance();
-      window_ = bridge_->StartBrowser(reinterpret_cast<HWND>(parent), url_.c_str());
-      // A start that the bridge refuses leaves another browser's instance current.
-      if (kzCefInstance* const current = bridge_->GetInstance(); current != before) {
-        instance_ = current;
-      }
+      // The engine may report the new browser before the bridge has returned; its notification must
+      // find the instance here.
+      life_->While([&] {
+        kzCefInstance* const before = bridge_->GetInstance();
+        window_ = bridge_->StartBrowser(reinterpret_cast<HWND>(parent), url_.c_str());
+        // A start that the bridge refuses leaves another browser's instance current.
+        if (kzCefInstance* const current = bridge_->GetInstance(); current != before) {
+          instance_ = current;
+        }
+      });
     }
     return S_OK;
   });

@@ -56,6 +56,8 @@ class CKZCEFComBrowser : public CoClass<IKZCEFComBrowser> {
 
   // The window of the engine's browser, or null.
   HWND WindowHandle() const;
+  // PopupUserBrowser.
+  VARIANT_BOOL IsPopupForDesktop() const { return popup_user_browser_; }
   // Offers every kept script handler to the page, in order of the names. They stay kept, as every
   // new document needs them again. False without a bridge or before StartBrowser.
   bool ApplyPendingScriptHandlers();

@@ -34,6 +34,13 @@ class BrowserLife {
     return true;
   }
 
+  // Runs `change`, which changes what `With` looks at; whoever looks meanwhile waits.
+  template <typename Change>
+  void While(Change&& change) {
+    const std::scoped_lock lock(section_);
+    change();
+  }
+
   // From the return on nobody uses the object any more.
   void End() {
     const std::scoped_lock lock(section_);

@@ -116,9 +116,12 @@ void KZCEFCom::ForgetBrowser(IUnknown* identity) {
   auto list = std::make_shared<BrowserList>(*browsers_.load());
   std::erase(*list, life->second);
   browsers_.store(std::move(list));
-  std::erase_if(pairs_, [&](const auto& row) { return row.second.browser_life == life->second; });
+  const size_t removed = std::erase_if(
+      pairs_, [&](const auto& row) { return row.second.browser_life == life->second; });
   lives_.erase(life);
-  PublishPairs();
+  if (removed > 0) {
+    PublishPairs();
+  }
 }
 
 std::shared_ptr<HandlerReference> KZCEFCom::TakeOut(std::uintptr_t handler) {

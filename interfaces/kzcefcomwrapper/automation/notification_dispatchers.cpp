@@ -33,26 +33,28 @@ UniqueBstr NotificationText(const std::wstring& text) {
 // Whether the pair's browser is the one in `window`. A browser that is gone or is none serves no
 // window. With `popup`, every browser examined leaves its flag there, whether it matches or not.
 bool KZCEFCom::Serves(const Pair& pair, HWND window, VARIANT_BOOL* popup) {
-  bool matches = false;
-  const auto examine = [&](auto&&...) {
-    ComPtr<IKZCEFComBrowser> browser;
-    if (!pair.browser ||
-        FAILED(pair.browser->QueryInterface(IID_PPV_ARGS(browser.GetAddressOf()))) || !browser) {
-      return;
-    }
-    __int64 handle = 0;
-    browser->GetWindowHandle(&handle);
-    if (popup) {
-      browser->get_PopupUserBrowser(popup);
-    }
-    matches = handle == HandleValue(window);
-  };
   if (pair.browser_life) {
-    pair.browser_life->With(examine);
-  } else {
-    examine();
+    // One of the library's own, which need not be asked by way of COM.
+    bool matches = false;
+    pair.browser_life->With([&](const CKZCEFComBrowser& browser) {
+      if (popup) {
+        *popup = browser.IsPopupForDesktop();
+      }
+      matches = browser.WindowHandle() == window;
+    });
+    return matches;
   }
-  return matches;
+  ComPtr<IKZCEFComBrowser> browser;
+  if (!pair.browser || FAILED(pair.browser->QueryInterface(IID_PPV_ARGS(browser.GetAddressOf()))) ||
+      !browser) {
+    return false;
+  }
+  __int64 handle = 0;
+  browser->GetWindowHandle(&handle);
+  if (popup) {
+    browser->get_PopupUserBrowser(popup);
+  }
+  return handle == HandleValue(window);
 }
 
 // Calls `notify(Interface&)` on every handler of the browser in `window` that has the interface,

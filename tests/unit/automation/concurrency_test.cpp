@@ -3,6 +3,8 @@
 #include "automation_test.h"
 
 #include <atomic>
+#include <chrono>
+#include <future>
 #include <thread>
 
 #include "com/module.h"
@@ -201,6 +203,28 @@ TEST_F(Concurrency, LosesNoNotificationOfAHandlerThatStays) {
   Unregister(browser, *staying.Get());
   staying.Reset();
   EXPECT_EQ(CountingHandler::alive, 0);
+}
+
+TEST_F(Concurrency, NotificationFindsABrowserWhoseStartHasNotReturned) {
+  auto handler = CountingHandler::Make();
+  const auto browser = NewBrowser();
+  Register(browser, *handler.Get());
+  std::jthread engine;
+  std::promise<void> notified;
+  // The engine is quicker than the bridge's return; who looks must wait for the browser object.
+  bridge.on_started = [&] {
+    engine = std::jthread([&] {
+      registry->LoadEndNotify(first_window, 200);
+      notified.set_value();
+    });
+    EXPECT_EQ(notified.get_future().wait_for(std::chrono::milliseconds(200)),
+              std::future_status::timeout);
+  };
+  const int before = CountingHandler::load_ends;
+  browser->StartBrowser(Value(kParent));
+  engine.join();
+  EXPECT_EQ(CountingHandler::load_ends, before + 1);
+  Unregister(browser, *handler.Get());
 }
 
 }  // namespace

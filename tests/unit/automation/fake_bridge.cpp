@@ -68,9 +68,14 @@ HWND FakeBridge::StartBrowser(HWND parent, const wchar_t* url) {
   if (!parent) {
     return nullptr;
   }
-  const std::scoped_lock lock(mutex_);
-  current_ = Instance(++last_instance_);
-  has_browser_[current_] = true;
+  {
+    const std::scoped_lock lock(mutex_);
+    current_ = Instance(++last_instance_);
+    has_browser_[current_] = true;
+  }
+  if (on_started) {
+    on_started();
+  }
   return parent;
 }
 

@@ -30,6 +30,8 @@ class FakeBridge final : public kzCefBridge {
 
   // What Shutdown answers; may throw.
   std::function<bool()> on_shutdown = [] { return true; };
+  // Runs inside StartBrowser, once the new instance has its browser; may be empty.
+  std::function<void()> on_started;
   std::wstring current_url;
   // The answer of LoadURL and Refresh where the instance has a browser.
   bool succeeds = true;
