@@ -87,13 +87,16 @@ kz_end_helpers() {
 }
 trap kz_end_helpers EXIT
 
-# kz_keep_wine_server: one Wine server for this shell's programs, so that not each pays for its start.
+# kz_keep_wine_server: one Wine server for this shell's test programs, so that not each pays for its
+# start, and windows that no window manager is asked about: where there is none, each would be waited
+# for two seconds when it closes.
 kz_keep_wine_server() {
   wineserver -p >/dev/null 2>&1 || return 0
   KZ_WINE_SERVER_KEPT=1
   # The first program brings Wine's services up, which inherit its output: a reader of a later
   # program's output must not have to wait for their end.
-  wine cmd /c exit >/dev/null 2>&1 </dev/null || kz_fail "Wine runs no program"
+  wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1 </dev/null ||
+    kz_fail "Wine runs no program"
 }
 
 # kz_ensure_display: an X display for this shell's programs; starts Xvfb where there is none.
