@@ -1,35 +1,14 @@
 #include <algorithm>
 
-#include "values.h"
+#include "referring_value.h"
 
 namespace cefedition {
 namespace {
 
-class BinaryValue final : public CefBinaryValue {
+class BinaryValue final : public ReferringValue<CefBinaryValue> {
  public:
-  explicit BinaryValue(ValueReference reference) : reference_(std::move(reference)) {}
+  using ReferringValue::ReferringValue;
 
-  ValueNode::Ptr Node() const { return reference_.Get(); }
-  ValueNode::Ptr Take(const ValueNode* new_parent) { return reference_.Take(new_parent); }
-
-  bool IsValid() override {
-    const std::lock_guard lock(ValueLock());
-    return reference_.IsValid();
-  }
-  bool IsOwned() override {
-    const std::lock_guard lock(ValueLock());
-    return reference_.IsOwned();
-  }
-  bool IsSame(CefRefPtr<CefBinaryValue> that) override {
-    const std::lock_guard lock(ValueLock());
-    return Node() && Node() == NodeOf(that.get());
-  }
-  bool IsEqual(CefRefPtr<CefBinaryValue> that) override {
-    const std::lock_guard lock(ValueLock());
-    const ValueNode::Ptr node = Node();
-    const ValueNode::Ptr other = NodeOf(that.get());
-    return node && other && node->Equals(*other);
-  }
   CefRefPtr<CefBinaryValue> Copy() override {
     const std::lock_guard lock(ValueLock());
     const ValueNode::Ptr node = Node();
@@ -57,8 +36,6 @@ class BinaryValue final : public CefBinaryValue {
   }
 
  private:
-  ValueReference reference_;
-
   IMPLEMENT_REFCOUNTING(BinaryValue);
 };
 

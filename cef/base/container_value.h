@@ -1,40 +1,20 @@
 #pragma once
 
-#include "values.h"
+#include "referring_value.h"
 
 namespace cefedition {
 
 // What lists and dictionaries have in common: |Interface| is CefListValue or CefDictionaryValue,
 // |Key| the type of its keys. The derived class finds and stores nodes.
 template <class Interface, typename Key>
-class ContainerValue : public Interface {
+class ContainerValue : public ReferringValue<Interface> {
  public:
-  explicit ContainerValue(ValueReference reference) : reference_(std::move(reference)) {}
+  using ReferringValue<Interface>::ReferringValue;
+  using ReferringValue<Interface>::Node;
 
-  ValueNode::Ptr Node() const { return reference_.Get(); }
-  ValueNode::Ptr Take(const ValueNode* new_parent) { return reference_.Take(new_parent); }
-
-  bool IsValid() override {
-    const std::lock_guard lock(ValueLock());
-    return reference_.IsValid();
-  }
-  bool IsOwned() override {
-    const std::lock_guard lock(ValueLock());
-    return reference_.IsOwned();
-  }
   bool IsReadOnly() override {
     const std::lock_guard lock(ValueLock());
     return reference_.IsReadOnly();
-  }
-  bool IsSame(CefRefPtr<Interface> that) override {
-    const std::lock_guard lock(ValueLock());
-    return Node() && Node() == NodeOf(that.get());
-  }
-  bool IsEqual(CefRefPtr<Interface> that) override {
-    const std::lock_guard lock(ValueLock());
-    const ValueNode::Ptr node = Node();
-    const ValueNode::Ptr other = NodeOf(that.get());
-    return node && other && node->Equals(*other);
   }
 
   bool Clear() override {
@@ -112,7 +92,7 @@ class ContainerValue : public Interface {
   virtual bool Accepts(Key key) const = 0;
   virtual void Store(ValueNode* node, Key key, ValueNode::Ptr child) = 0;
 
-  ValueReference reference_;
+  using ReferringValue<Interface>::reference_;
 
  private:
   ValueNode::Ptr FindNode(Key key) const {

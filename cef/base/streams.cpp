@@ -22,14 +22,13 @@ UniqueFile Open(const CefString& name, const wchar_t* mode) {
   return UniqueFile(name.empty() ? nullptr : _wfopen(name.ToWString().c_str(), mode));
 }
 
-class FileReader final : public CefStreamReader {
+// A file as far as reading and writing it are alike. |Interface| is CefStreamReader or
+// CefStreamWriter.
+template <class Interface>
+class FileStream : public Interface {
  public:
-  explicit FileReader(UniqueFile file) : file_(std::move(file)) {}
+  explicit FileStream(UniqueFile file) : file_(std::move(file)) {}
 
-  size_t Read(void* ptr, size_t size, size_t n) override {
-    const std::lock_guard lock(lock_);
-    return ptr ? fread(ptr, size, n, file_.get()) : 0;
-  }
   int Seek(int64_t offset, int whence) override {
     const std::lock_guard lock(lock_);
     return _fseeki64(file_.get(), offset, whence);
@@ -38,16 +37,27 @@ class FileReader final : public CefStreamReader {
     const std::lock_guard lock(lock_);
     return _ftelli64(file_.get());
   }
+  bool MayBlock() override { return true; }
+
+ protected:
+  std::mutex lock_;
+  const UniqueFile file_;
+};
+
+class FileReader final : public FileStream<CefStreamReader> {
+ public:
+  using FileStream::FileStream;
+
+  size_t Read(void* ptr, size_t size, size_t n) override {
+    const std::lock_guard lock(lock_);
+    return ptr ? fread(ptr, size, n, file_.get()) : 0;
+  }
   int Eof() override {
     const std::lock_guard lock(lock_);
     return feof(file_.get());
   }
-  bool MayBlock() override { return true; }
 
  private:
-  std::mutex lock_;
-  const UniqueFile file_;
-
   IMPLEMENT_REFCOUNTING(FileReader);
 };
 
@@ -113,32 +123,20 @@ class HandlerReader final : public CefStreamReader {
   IMPLEMENT_REFCOUNTING(HandlerReader);
 };
 
-class FileWriter final : public CefStreamWriter {
+class FileWriter final : public FileStream<CefStreamWriter> {
  public:
-  explicit FileWriter(UniqueFile file) : file_(std::move(file)) {}
+  using FileStream::FileStream;
 
   size_t Write(const void* ptr, size_t size, size_t n) override {
     const std::lock_guard lock(lock_);
     return ptr ? fwrite(ptr, size, n, file_.get()) : 0;
   }
-  int Seek(int64_t offset, int whence) override {
-    const std::lock_guard lock(lock_);
-    return _fseeki64(file_.get(), offset, whence);
-  }
-  int64_t Tell() override {
-    const std::lock_guard lock(lock_);
-    return _ftelli64(file_.get());
-  }
   int Flush() override {
     const std::lock_guard lock(lock_);
     return fflush(file_.get());
   }
-  bool MayBlock() override { return true; }
 
  private:
-  std::mutex lock_;
-  const UniqueFile file_;
-
   IMPLEMENT_REFCOUNTING(FileWriter);
 };
 
