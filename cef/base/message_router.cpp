@@ -20,7 +20,7 @@ namespace {
 constexpr int kAllRequests = 0;
 constexpr int kCanceledErrorCode = -1;
 constexpr char kCanceledErrorMessage[] = "The query has been canceled";
-constexpr size_t kDefaultThreshold = 16UL * 1024;
+constexpr size_t kDefaultThreshold = size_t{16} * 1024;
 
 class BinaryBuffer final : public CefBinaryBuffer {
  public:

@@ -11,7 +11,7 @@ namespace cefedition {
 namespace {
 
 // More than any picture for a window's icon or a page's illustration needs.
-constexpr size_t kMaxBytes = 64UL * 1024 * 1024;
+constexpr size_t kMaxBytes = size_t{64} * 1024 * 1024;
 
 DecodedImage ScaledDown(DecodedImage image, uint32_t max_size) {
   const int limit = static_cast<int>(std::min<uint32_t>(max_size, kMaxImageSide));

@@ -6,7 +6,7 @@
 namespace cefedition {
 namespace {
 
-constexpr size_t kReadSize = 256UL * 1024;
+constexpr size_t kReadSize = size_t{256} * 1024;
 
 // Long enough to tell messages apart; frames and documents would fill the log.
 constexpr size_t kLoggedLength = 500;

@@ -56,7 +56,7 @@ CefRefPtr<CefTaskRunner> CefTaskRunner::GetForThread(CefThreadId threadId) {
   if (!thread) {
     return nullptr;
   }
-  return new cefedition::TaskRunner(threadId, std::move(thread));
+  return new cefedition::TaskRunner(threadId, thread);
 }
 
 bool CefCurrentlyOn(CefThreadId threadId) {

@@ -54,7 +54,7 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
   std::string problem;
   size_t problem_offset = 0;
 
-  Builder() = default;
+  Builder() noexcept(false) = default;
   Builder(const Builder&) = delete;
   Builder& operator=(const Builder&) = delete;
 
