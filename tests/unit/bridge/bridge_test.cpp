@@ -209,6 +209,11 @@ TEST_F(BridgeTest, BringsNumbersOutOfRangeIntoIt) {
                                         std::numeric_limits<double>::infinity(), 3e9, instance));
   ASSERT_EQ(window_.moves.size(), 1u);
   EXPECT_EQ(window_.moves[0].x, 0);
+  // The system has a narrower range of its own.
+  constexpr int kFar = 30000;
+  EXPECT_LT(window_.moves[0].y, -kFar);
+  EXPECT_GT(window_.moves[0].cx, kFar);
+  EXPECT_GT(window_.moves[0].cy, kFar);
 }
 
 TEST_F(BridgeTest, TakesAnyInstanceAsTheCurrentOne) {
