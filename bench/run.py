@@ -73,9 +73,7 @@ def main() -> int:
     if unknown:
         parser.error(f"unknown: {', '.join(sorted(unknown))}")
 
-    environment = dict(os.environ)
-    environment.setdefault("WINEDEBUG", "-all")
-    runner = [] if os.name == "nt" else ["wine"]
+    runner = [] if os.name == "nt" else [str(REPOSITORY / "cmake/run-wine")]
     with Server(("127.0.0.1", 0), Site) as site:
         threading.Thread(target=site.serve_forever, daemon=True).start()
         command = [*runner, str(arguments.bin / "kzbench.exe"),
@@ -83,7 +81,7 @@ def main() -> int:
                    "--url", f"http://127.0.0.1:{site.server_address[1]}/",
                    *(["--short"] if arguments.short else [])]
         try:
-            status = subprocess.run(command, env=environment, timeout=TIME_LIMIT_SECONDS).returncode
+            status = subprocess.run(command, timeout=TIME_LIMIT_SECONDS).returncode
         finally:
             site.shutdown()
     return status

@@ -18,7 +18,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr wchar_t kPlayground[] = L"Software\\KZCEFComWrapperContractTest";
 constexpr wchar_t kUserClasses[] = L"Software\\Classes";
 
 struct KeyCloser {
@@ -54,16 +53,16 @@ std::vector<std::wstring> Subkeys(HKEY parent, const std::wstring& name) {
 class Registration : public ::testing::Test {
  protected:
   Registration() {
-    RegDeleteTreeW(HKEY_CURRENT_USER, kPlayground);
-    classes = CreateKey(HKEY_CURRENT_USER, std::wstring(kPlayground) + L"\\machine");
-    user = CreateKey(HKEY_CURRENT_USER, std::wstring(kPlayground) + L"\\user");
+    RegDeleteTreeW(HKEY_CURRENT_USER, playground.c_str());
+    classes = CreateKey(HKEY_CURRENT_USER, playground + L"\\machine");
+    user = CreateKey(HKEY_CURRENT_USER, playground + L"\\user");
     EXPECT_EQ(RegOverridePredefKey(HKEY_CLASSES_ROOT, classes.get()), ERROR_SUCCESS);
     EXPECT_EQ(RegOverridePredefKey(HKEY_CURRENT_USER, user.get()), ERROR_SUCCESS);
   }
   ~Registration() override {
     RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
     RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
-    RegDeleteTreeW(HKEY_CURRENT_USER, kPlayground);
+    RegDeleteTreeW(HKEY_CURRENT_USER, playground.c_str());
   }
 
   std::vector<std::wstring> MachineClasses() const { return Subkeys(classes.get(), L"CLSID"); }
@@ -71,6 +70,9 @@ class Registration : public ::testing::Test {
     return Subkeys(user.get(), std::wstring(kUserClasses) + L"\\CLSID");
   }
 
+  // A place for each process: the tests run side by side in one registry.
+  const std::wstring playground =
+      L"Software\\KZCEFComWrapperContractTest" + std::to_wstring(GetCurrentProcessId());
   Key classes;
   Key user;
   const ServerLibrary server;

@@ -74,7 +74,10 @@ bool RemoveStaleLock(const std::string& path, const LockRecord& stale) {
     const bool is_gone =
         error == ERROR_FILE_NOT_FOUND ||
         (error == ERROR_ACCESS_DENIED && !OpenExisting(wide_path, FILE_READ_ATTRIBUTES));
-    if (is_gone) {
+    // A process that was faster shares its new lock with nobody while it writes it.
+    const bool is_replaced =
+        error == ERROR_SHARING_VIOLATION && ReadLockFile(path) != std::optional(stale);
+    if (is_gone || is_replaced) {
       return false;
     }
     ThrowRemoveError(wide_path, error);

@@ -230,12 +230,12 @@ TEST(CacheLock, IsNotGivenBackBeforeADirectoryWasChosen) {
 
 // Lets twenty processes loose on one base directory at the same time and answers what each chose.
 std::vector<std::string> Race(const std::string& base) {
-  constexpr wchar_t kGo[] = L"kzcef-cache-race";
-  const UniqueHandle go(CreateEventW(nullptr, TRUE, FALSE, kGo));
+  // Of this process's own: other races may be under way beside it.
+  const std::wstring go_name = L"kzcef-cache-race-" + std::to_wstring(GetCurrentProcessId());
+  const UniqueHandle go(CreateEventW(nullptr, TRUE, FALSE, go_name.c_str()));
   std::vector<ChildProcess> racers;
   for (int i = 0; i < 20; ++i) {
-    racers.emplace_back(Utf8ToWide(RacerPath()),
-                        std::wstring(kGo) + L" \"" + Utf8ToWide(base) + L"\"");
+    racers.emplace_back(Utf8ToWide(RacerPath()), go_name + L" \"" + Utf8ToWide(base) + L"\"");
   }
   for (ChildProcess& racer : racers) {
     EXPECT_EQ(racer.ReadLine(), "ready");

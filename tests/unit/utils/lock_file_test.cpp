@@ -177,6 +177,15 @@ TEST(RemoveStaleLock, IsFalseWhileAnotherProcessHasItHalfDeleted) {
   EXPECT_FALSE(RemoveStaleLock(folder / "cef.lock", {1, ""}));
 }
 
+TEST(RemoveStaleLock, IsFalseWhileAnotherProcessWritesItsNewLock) {
+  const TemporaryFolder folder;
+  const UniqueHandle writer =
+      FileHandle(CreateFileW(Utf8ToWide(folder / "cef.lock").c_str(), GENERIC_WRITE, 0, nullptr,
+                             CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+  ASSERT_TRUE(writer);
+  EXPECT_FALSE(RemoveStaleLock(folder / "cef.lock", {1, ""}));
+}
+
 TEST(RemoveStaleLock, RaisesAnErrorNamedRemoveForAProtectedFile) {
   const TemporaryFolder folder;
   const std::wstring path = Utf8ToWide(folder / "cef.lock");
