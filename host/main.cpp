@@ -12,6 +12,7 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -31,6 +32,7 @@ constexpr int kFailed = 1;
 constexpr int kWrongCommandLine = 2;
 constexpr char kFirstBrowser[] = "b1";
 constexpr std::chrono::seconds kPaintTimeout{5};
+constexpr std::chrono::milliseconds kPaintPause{500};
 
 int Complain(const std::string& message, int status = kFailed) {
   std::fprintf(stderr, "kzhost: %s\n", message.c_str());
@@ -92,7 +94,25 @@ bool StartFirstBrowser(Host& host, const Options& options) {
   return SUCCEEDED(session->Start());
 }
 
-// Waits until the page is loaded and something of it is painted.
+// Tells when a view's painting has come to rest: it shows something, and has shown the same for a
+// while. Nobody tells a host that a page's last part is painted.
+class PaintWatch {
+ public:
+  bool IsAtRest(Picture shown) {
+    const auto now = std::chrono::steady_clock::now();
+    if (shown.bgra != last_.bgra) {
+      last_ = std::move(shown);
+      changed_ = now;
+    }
+    return !last_.IsUniform() && now - changed_ >= kPaintPause;
+  }
+
+ private:
+  Picture last_;
+  std::chrono::steady_clock::time_point changed_ = std::chrono::steady_clock::now();
+};
+
+// Waits until the page is loaded and painted.
 bool WaitForPage(Host& host, std::chrono::milliseconds timeout) {
   const bool loaded = host.WaitUntil(
       [&host] {
@@ -101,14 +121,15 @@ bool WaitForPage(Host& host, std::chrono::milliseconds timeout) {
                                {{"IsLoading", false}});
       },
       timeout);
-  const BrowserSession* session = host.FindBrowser(kFirstBrowser);
-  if (!loaded || !session) {
-    return false;
-  }
-  // A page may be of one colour: after a while it is taken as it is.
-  host.WaitUntil([session] { return !TakePicture(session->window()->view()).IsUniform(); },
-                 kPaintTimeout);
-  return true;
+  // A page may be of one colour or never rest: after a while it is taken as it is.
+  PaintWatch watch;
+  host.WaitUntil(
+      [&] {
+        const BrowserSession* session = host.FindBrowser(kFirstBrowser);
+        return !loaded || !session || watch.IsAtRest(TakePicture(session->window()->view()));
+      },
+      kPaintTimeout);
+  return loaded && host.FindBrowser(kFirstBrowser);
 }
 
 bool SaveScreenshot(Host& host, const Options& options) {
