@@ -32,7 +32,7 @@ constexpr int kFailed = 1;
 constexpr int kWrongCommandLine = 2;
 constexpr char kFirstBrowser[] = "b1";
 constexpr std::chrono::seconds kPaintTimeout{5};
-constexpr std::chrono::milliseconds kPaintPause{500};
+constexpr std::chrono::milliseconds kPaintPause{1000};
 
 int Complain(const std::string& message, int status = kFailed) {
   std::fprintf(stderr, "kzhost: %s\n", message.c_str());

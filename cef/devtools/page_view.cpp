@@ -1,6 +1,7 @@
 #include "devtools/page_view.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "devtools/base64_bytes.h"
 #include "devtools/engine_threads.h"
@@ -16,6 +17,10 @@ namespace {
 // old one: five seconds in all.
 constexpr int kRepaintsPerSize = 100;
 constexpr std::chrono::milliseconds kRepaintPause{50};
+// The browser drops frames while this many are not acknowledged, and does not make up for the last.
+constexpr int kFramesInFlight = 3;
+// Longer than the busiest page's pause between frames, shorter than a text cursor's blink.
+constexpr std::chrono::milliseconds kRest{400};
 
 }  // namespace
 
@@ -86,21 +91,46 @@ void PageView::SendSize() {
 }
 
 void PageView::OnFrame(const Json& params) {
+  ++frames_seen_;
   // Decoded beside the UI thread; the acknowledgement, which asks for the next frame, waits for
   // that, so that a busy page cannot pile frames up.
   PostToBackground([self = self_, data = TextField(params, "data"),
-                    frame_session = IntField(params, "sessionId")] {
+                    frame_session = IntField(params, "sessionId"), number = frames_seen_] {
     std::optional<DecodedImage> image = DecodePngOrJpeg(DecodeBase64(data));
     auto shared = std::make_shared<std::optional<DecodedImage>>(std::move(image));
-    PostToUi([self, shared, frame_session] {
+    PostToUi([self, shared, frame_session, number] {
       PageView* view = *self;
       if (!view || !view->window_) {
         return;
       }
       view->session_.Send("Page.screencastFrameAck", {{"sessionId", frame_session}});
       view->ShowFrame(std::move(*shared));
+      view->RunLater(kRest, [number](PageView& later) { later.OnRestAfter(number); });
     });
   });
+}
+
+void PageView::OnRestAfter(int frame) {
+  if (frame != frames_seen_) {
+    return;
+  }
+  const int in_a_row = frame - frames_before_rest_;
+  frames_before_rest_ = frame;
+  if (in_a_row >= kFramesInFlight) {
+    Repaint();
+  }
+}
+
+void PageView::RunLater(std::chrono::milliseconds delay, std::function<void(PageView&)> task) {
+  if (const std::shared_ptr<TaskThread> ui = FindEngineThread(TID_UI)) {
+    ui->PostDelayed(
+        [self = self_, task = std::move(task)] {
+          if (PageView* view = *self) {
+            task(*view);
+          }
+        },
+        delay);
+  }
 }
 
 void PageView::ShowFrame(std::optional<DecodedImage> image) {
@@ -111,18 +141,15 @@ void PageView::ShowFrame(std::optional<DecodedImage> image) {
   const bool fits = image->width == size.width_px && image->height == size.height_px;
   window_->SetFrame(std::move(*image));
   // The first frames after a change of size may still be of the old size.
-  const std::shared_ptr<TaskThread> ui = FindEngineThread(TID_UI);
   if (fits) {
     repaints_left_ = 0;
-  } else if (repaints_left_ > 0 && ui) {
+  } else if (repaints_left_ > 0) {
     --repaints_left_;
-    ui->PostDelayed(
-        [self = self_] {
-          if (PageView* view = *self; view && view->repaints_left_ > 0) {
-            view->Repaint();
-          }
-        },
-        kRepaintPause);
+    RunLater(kRepaintPause, [](PageView& later) {
+      if (later.repaints_left_ > 0) {
+        later.Repaint();
+      }
+    });
   }
 }
 

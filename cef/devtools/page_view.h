@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -60,6 +62,11 @@ class PageView : private ViewWindow::Delegate {
   void SendSize();
   void StartFrames();
   void ShowFrame(std::optional<DecodedImage> image);
+  /// A while after a frame was shown: if it was the last one of several, the page's last painting
+  /// may be missing among them.
+  void OnRestAfter(int frame);
+  /// Runs a task on the UI thread if the view still has its window then.
+  void RunLater(std::chrono::milliseconds delay, std::function<void(PageView&)> task);
 
   // ViewWindow::Delegate.
   void OnViewResized(int width_px, int height_px, double scale) override;
@@ -76,6 +83,9 @@ class PageView : private ViewWindow::Delegate {
   double zoom_ = 1.0;
   /// How often a frame of the right size may still be asked for.
   int repaints_left_ = 0;
+  /// The frames that have come so far, and those that had before the page last came to rest.
+  int frames_seen_ = 0;
+  int frames_before_rest_ = 0;
   /// Tells a picture that comes back from decoding whether the view is still the same.
   std::shared_ptr<PageView*> self_;
 };

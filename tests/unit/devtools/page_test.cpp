@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "devtools/process_message_observer.h"
+#include "devtools/win_handle.h"
 #include "engine_fixture.h"
 #include "include/base/cef_bind.h"
 #include "include/cef_process_message.h"
@@ -237,34 +238,59 @@ TEST_F(PageTest, ImagesAreDownloadedWithTheirStatus) {
   EXPECT_THAT(log_.Only({"image data:"}).front(), testing::EndsWith(" 0 1x1"));
 }
 
+// Whether a point of the window turns green within 15 s. Painting raises no event here, so the
+// point is looked at until it does.
+bool BecomesGreen(HWND window, int x, int y) {
+  const auto is_green = [=] {
+    HDC dc = GetDC(window);
+    const COLORREF color = GetPixel(dc, x, y);
+    ReleaseDC(window, dc);
+    return color == RGB(0, 255, 0);
+  };
+  const ULONGLONG deadline = GetTickCount64() + 15'000;
+  while (!is_green() && GetTickCount64() < deadline) {
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+      DispatchMessageW(&message);
+    }
+  }
+  return is_green();
+}
+
 TEST_F(PageTest, PageIsPaintedAndFollowsTheWindowsSize) {
   Load("<body style='margin:0;background:#00ff00'>");
   const HWND view = client_->First()->GetHost()->GetWindowHandle();
-  const auto pixel = [view](int x, int y) {
-    HDC dc = GetDC(view);
-    const COLORREF color = GetPixel(dc, x, y);
-    ReleaseDC(view, dc);
-    return color;
-  };
-  // Painting raises no event here; the pixel is looked at until it has its colour.
-  const auto becomes = [&](int x, int y) {
-    const ULONGLONG deadline = GetTickCount64() + 15'000;
-    while (pixel(x, y) != RGB(0, 255, 0) && GetTickCount64() < deadline) {
-      MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
-      MSG message;
-      while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        DispatchMessageW(&message);
-      }
-    }
-    return pixel(x, y) == RGB(0, 255, 0);
-  };
-  EXPECT_TRUE(becomes(100, 100));
+  EXPECT_TRUE(BecomesGreen(view, 100, 100));
   SetWindowPos(GetParent(view), nullptr, 0, 0, 800, 600, SWP_NOZORDER);
   SetWindowPos(view, nullptr, 0, 0, 700, 500, SWP_NOZORDER);
   Run("if (innerWidth == 700) console.log('wide'); else onresize = () => { if (innerWidth == 700) "
       "console.log('wide') }");
   EXPECT_TRUE(log_.WaitFor("console 2 [wide]"));
-  EXPECT_TRUE(becomes(690, 490));
+  EXPECT_TRUE(BecomesGreen(view, 690, 490));
+}
+
+// The browser drops frames while earlier ones are not acknowledged, and sends none of a page that
+// rests.
+TEST_F(PageTest, LastPaintingIsShownThoughTheUiThreadWasBusyMeanwhile) {
+  server_.Add("/done", "");
+  Load("<body style='margin:0;background:#ff0000'>");
+  const UniqueHandle release(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+  Run("let step = 0;"
+      "const change = () => {"
+      "  const last = ++step == 40;"
+      "  document.body.style.background = last ? '#00ff00' : `rgb(255, 0, ${step})`;"
+      "  if (last) setTimeout(() => fetch('/done'), 200); else setTimeout(change, 20);"
+      "};"
+      "setTimeout(change, 300);"
+      "console.log('begun')");
+  ASSERT_TRUE(log_.WaitFor("console 2 [begun]"));
+  ASSERT_TRUE(CefPostTask(
+      TID_UI, CefCreateClosureTask(base::BindOnce(
+                  [](HANDLE until) { WaitForSingleObject(until, 60'000); }, release.get()))));
+  ASSERT_TRUE(server_.WaitForRequest("/done"));
+  SetEvent(release.get());
+  EXPECT_TRUE(BecomesGreen(client_->First()->GetHost()->GetWindowHandle(), 100, 100));
 }
 
 TEST_F(PageTest, TextAndSourceAreVisited) {
