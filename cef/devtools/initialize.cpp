@@ -2,9 +2,13 @@
 
 #include <winsock2.h>
 
+#include <algorithm>
 #include <atomic>
 #include <filesystem>
+#include <string>
+#include <string_view>
 
+#include "base/logging.h"
 #include "devtools/edition_request_context.h"
 #include "devtools/engine.h"
 #include "devtools/engine_threads.h"
@@ -30,9 +34,30 @@ std::wstring LogFileOf(const CefSettings& settings) {
   return (std::filesystem::path(path).parent_path() / L"debug.log").wstring();
 }
 
+// Opens the engine's log and sends the client's own lines (LOG) there too.
+void StartLog(const CefSettings& settings) {
+  // One scale begins with "verbose" at -1, the other with "default" and "verbose".
+  constexpr int kShift = LOGSEVERITY_VERBOSE - cef::logging::LOG_VERBOSE;
+  const int lowest =
+      settings.log_severity == LOGSEVERITY_DEFAULT ? LOGSEVERITY_INFO : settings.log_severity;
+  OpenLog(LogFileOf(settings), settings.log_severity);
+  SetLogSink(
+      [](cef::logging::LogSeverity severity, const char* file, int line, std::string_view message) {
+        Log(static_cast<cef_log_severity_t>(severity + kShift),
+            std::filesystem::path(file).filename().string() + "(" + std::to_string(line) + ") " +
+                std::string(message));
+      },
+      std::min(lowest - kShift, cef::logging::LOG_FATAL));
+}
+
+void StopLog() {
+  SetLogSink(nullptr, cef::logging::LOG_INFO);
+  CloseLog();
+}
+
 void StopThreadsAndLog() {
   StopEngineThreads(kThreadStopTimeout);
-  CloseLog();
+  StopLog();
   WSACleanup();
 }
 
@@ -66,12 +91,12 @@ bool CefInitialize(const CefMainArgs&,
   if (g_initialized.exchange(true)) {
     return false;
   }
-  OpenLog(LogFileOf(settings), settings.log_severity);
+  StartLog(settings);
   WSADATA winsock;
   const int winsock_error = WSAStartup(MAKEWORD(2, 2), &winsock);
   if (winsock_error != 0) {
     Log(LOGSEVERITY_ERROR, "Winsock failed to start: " + std::to_string(winsock_error));
-    CloseLog();
+    StopLog();
     g_initialized = false;
     return false;
   }

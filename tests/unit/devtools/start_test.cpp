@@ -5,11 +5,13 @@
 #include "devtools/engine.h"
 #include "devtools/unix_host.h"
 #include "engine_fixture.h"
+#include "include/base/cef_logging.h"
 
 namespace cefedition {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 
 class StartTest : public EngineTest {
  protected:
@@ -141,27 +143,28 @@ TEST_F(StartTest, LanguagePreferenceReachesThePages) {
   EXPECT_FALSE(error.empty());
 }
 
-// Runs in a process of its own, which the test below kills.
-TEST_F(StartTest, DISABLED_HostThatIsKilled) {
+TEST_F(StartTest, LinesOfTheClientsOwnGoToTheLogWhileTheEngineRuns) {
+  LOG(ERROR) << "before the start";
   ASSERT_TRUE(StartEngine());
-  CreateBrowser(client_, "data:text/html,x");
-  ASSERT_TRUE(log_.WaitFor("idle"));
-  wchar_t file[MAX_PATH] = {};
-  GetEnvironmentVariableW(L"KILLED_HOST_FILE", file, MAX_PATH);
-  const std::filesystem::path draft = std::wstring(file) + L".new";
-  std::ofstream(draft) << Engine::Get()->unix_pid();
-  std::filesystem::rename(draft, file);
-  Sleep(INFINITE);
+  LOG(WARNING) << "the client warns";
+  VLOG(1) << "the client chats";
+  StopEngine();
+  LOG(ERROR) << "after the end";
+  EXPECT_THAT(LogText(), HasSubstr(":WARNING] "));
+  EXPECT_THAT(LogText(), HasSubstr("the client warns\n"));
+  EXPECT_THAT(LogText(), HasSubstr("the client chats\n"));
+  EXPECT_THAT(LogText(), Not(HasSubstr("before the start")));
+  EXPECT_THAT(LogText(), Not(HasSubstr("after the end")));
 }
 
 TEST_F(StartTest, KilledHostLeavesNoBrowser) {
   const std::filesystem::path file = folder_ / L"pid";
-  SetEnvironmentVariableW(L"KILLED_HOST_FILE", file.c_str());
   wchar_t program[MAX_PATH] = {};
   GetModuleFileNameW(nullptr, program, MAX_PATH);
-  std::wstring command_line = L"\"" + std::wstring(program) +
-                              L"\" --gtest_also_run_disabled_tests "
-                              L"--gtest_filter=*HostThatIsKilled";
+  const std::filesystem::path host =
+      std::filesystem::path(program).replace_filename(L"killed_host.exe");
+  std::wstring command_line =
+      L"\"" + host.wstring() + L"\" \"" + file.wstring() + L"\" \"" + log_file_ + L"\"";
   STARTUPINFOW startup = {};
   startup.cb = sizeof(startup);
   PROCESS_INFORMATION info = {};
