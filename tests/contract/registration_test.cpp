@@ -147,6 +147,13 @@ TEST_F(Registration, CanBeTakenBackThoughItNeverWas) {
   EXPECT_EQ(server.Install(false, L"user"), S_OK);
 }
 
+TEST_F(Registration, MakesNoKeyWhenThereIsNothingToTakeBack) {
+  EXPECT_EQ(server.Unregister(), S_OK);
+  EXPECT_EQ(server.Install(false, L"user"), S_OK);
+  EXPECT_THAT(Subkeys(classes.get(), L""), IsEmpty());
+  EXPECT_THAT(Subkeys(user.get(), L""), IsEmpty());
+}
+
 TEST_F(Registration, LeavesTheThreadsLocaleAsItWas) {
   const LCID german = MAKELCID(MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN), SORT_DEFAULT);
   ASSERT_TRUE(SetThreadLocale(german));

@@ -88,10 +88,14 @@ HRESULT RemoveTree(HKEY parent, const std::wstring& name) {
   return status == ERROR_FILE_NOT_FOUND ? S_OK : HRESULT_FROM_WIN32(static_cast<DWORD>(status));
 }
 
-// The CLSID key below which the classes are written. It belongs to the system and is never removed.
-HRESULT OpenClassesRoot(UniqueKey& clsid_root) {
-  return per_user ? CreateKey(HKEY_CURRENT_USER, L"Software\\Classes\\CLSID", clsid_root)
-                  : CreateKey(HKEY_CLASSES_ROOT, L"CLSID", clsid_root);
+// The key below which the classes are written. It belongs to the system and is never removed.
+struct ClassesRoot {
+  HKEY hive;
+  std::wstring path;
+};
+ClassesRoot CurrentClassesRoot() {
+  return per_user ? ClassesRoot{HKEY_CURRENT_USER, L"Software\\Classes\\CLSID"}
+                  : ClassesRoot{HKEY_CLASSES_ROOT, L"CLSID"};
 }
 
 HRESULT RegisterClassKeys(HKEY clsid_root, const ClassEntry& entry, const std::wstring& module) {
@@ -166,8 +170,9 @@ HRESULT UnregisterTypeLibrary(const std::wstring& module) {
 HRESULT RegisterAll() {
   const SystemLocaleScope locale;
   const std::wstring module = ModulePath();
+  const ClassesRoot root = CurrentClassesRoot();
   UniqueKey clsid_root;
-  const HRESULT opened = OpenClassesRoot(clsid_root);
+  const HRESULT opened = CreateKey(root.hive, root.path, clsid_root);
   if (FAILED(opened)) {
     return opened;
   }
@@ -182,17 +187,15 @@ HRESULT RegisterAll() {
 
 HRESULT UnregisterAll() {
   const SystemLocaleScope locale;
-  UniqueKey clsid_root;
-  HRESULT first_failure = OpenClassesRoot(clsid_root);
+  const ClassesRoot root = CurrentClassesRoot();
+  HRESULT first_failure = S_OK;
   const auto note = [&](HRESULT result) {
     if (FAILED(result) && SUCCEEDED(first_failure)) {
       first_failure = result;
     }
   };
-  if (clsid_root) {
-    for (const ClassEntry& entry : ClassTable()) {
-      note(RemoveTree(clsid_root.get(), GuidText(*entry.clsid)));
-    }
+  for (const ClassEntry& entry : ClassTable()) {
+    note(RemoveTree(root.hive, root.path + L"\\" + GuidText(*entry.clsid)));
   }
   note(UnregisterTypeLibrary(ModulePath()));
   return first_failure;
