@@ -16,7 +16,7 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
-constexpr int kCalls = 20'000;
+constexpr int kCalls = 200'000;
 
 // One member of an object, called as a script engine calls it.
 class LateCall {
@@ -80,7 +80,7 @@ void RunLateBound(const std::wstring& server_path, const Effort& effort) {
   const auto application = server.Create<IDispatch>(__uuidof(KZCEFComApplication));
   const auto plain_settings = MakePlainSettings(server.TypeInfoOf(__uuidof(IKZCEFComSettings)));
   const auto plain_application =
-      MakePlainApplication(server.TypeInfoOf(__uuidof(IKZCEFComApplication)));
+      MakePlainApplication(server.TypeInfoOf(__uuidof(IKZCEFComApplication2)));
 
   const _variant_t text(L"en-GB,en;q=0.8");
   CompareCalls("put a text property", settings, plain_settings, L"AcceptLanguageList",

@@ -36,6 +36,7 @@ class Registrations {
     for (int at = 0; at < count; ++at) {
       Entry entry;
       entry.handler = std::make_unique<PlainHandler>();
+      entry.identity = entry.handler.get();
       Check(application_->GetKzCEFBrowser(nullptr, 0, &entry.browser), "creating a browser object");
       Check(application_->RegisterKzCEFBrowserCallback(nullptr, at, entry.browser.Get(),
                                                        entry.handler.get()),
@@ -52,7 +53,11 @@ class Registrations {
   Registrations(const Registrations&) = delete;
   Registrations& operator=(const Registrations&) = delete;
 
-  PlainHandler& first() { return *entries_.front().handler; }
+  ComPtr<IKZCEFComBrowserHandler> First() const {
+    ComPtr<IKZCEFComBrowserHandler> first;
+    Check(entries_.front().identity.As(&first), "asking a handler for its interface");
+    return first;
+  }
 
   // The calls that a notification must make, and nothing else.
   void Notify(HWND window, const std::wstring& url, VARIANT_BOOL* cancel) const {
@@ -69,7 +74,7 @@ class Registrations {
       browser->Release();
       if (own != wanted)
         continue;
-      IUnknown* const handler_identity = entry.handler.get();
+      IUnknown* const handler_identity = entry.identity.Get();
       IKZCEFComBrowserHandler* handler = nullptr;
       if (FAILED(handler_identity->QueryInterface(__uuidof(IKZCEFComBrowserHandler),
                                                   reinterpret_cast<void**>(&handler))))
@@ -91,6 +96,8 @@ class Registrations {
  private:
   struct Entry {
     std::unique_ptr<PlainHandler> handler;
+    // As a host's handler is known: through the pointer the compiler sees what a call reaches.
+    ComPtr<IUnknown> identity;
     ComPtr<IKZCEFComBrowser> browser;
   };
 
@@ -131,7 +138,7 @@ void RunNotifications(const Effort& effort) {
   PrintHeading("one notification, against the calls in it");
   {
     Registrations one(1);
-    IKZCEFComBrowserHandler* const handler = &one.first();
+    const ComPtr<IKZCEFComBrowserHandler> handler = one.First();
     const auto registry = kzcef::KZCEFCom::Get();
     VARIANT_BOOL cancel = VARIANT_FALSE;
     registry->BeforeBrowseNotify(kNoWindow, kUrl, VARIANT_TRUE, VARIANT_FALSE, &cancel);

@@ -138,7 +138,7 @@ class PlainSettings final : public Plain<IKZCEFComSettings> {
   std::map<std::wstring, std::wstring> arguments_;
 };
 
-class PlainApplication final : public Plain<IKZCEFComApplication> {
+class PlainApplication final : public Plain<IKZCEFComApplication2> {
  public:
   using Plain::Plain;
 
@@ -180,6 +180,8 @@ class PlainApplication final : public Plain<IKZCEFComApplication> {
                                                             IUnknown*) override {
     return S_OK;
   }
+  HRESULT STDMETHODCALLTYPE HostClosing(VARIANT_BOOL) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE IsProcessingNotifications(VARIANT_BOOL*) override { return S_OK; }
 };
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace kzbench {
 /// A property bag with IKZCEFComSettings; `information` describes that interface.
 Microsoft::WRL::ComPtr<IDispatch> MakePlainSettings(Microsoft::WRL::ComPtr<ITypeInfo> information);
 
-/// An object with IKZCEFComApplication whose members do nothing.
+/// An object with IKZCEFComApplication2 whose members do nothing.
 Microsoft::WRL::ComPtr<IDispatch> MakePlainApplication(
     Microsoft::WRL::ComPtr<ITypeInfo> information);
 

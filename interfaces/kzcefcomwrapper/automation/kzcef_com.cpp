@@ -72,8 +72,11 @@ void KZCEFCom::RemoveHandler(IUnknown* handler) {
   // Given back after the lock: the host's code runs then.
   std::shared_ptr<HandlerReference> given_back;
   const std::scoped_lock lock(changes_);
+  const size_t before = pairs_.size();
   given_back = TakeOut(Key(handler));
-  PublishPairs();
+  if (pairs_.size() != before) {
+    PublishPairs();
+  }
 }
 
 void KZCEFCom::RemoveHandlersOf(IUnknown* browser) {
@@ -86,7 +89,9 @@ void KZCEFCom::RemoveHandlersOf(IUnknown* browser) {
       TakeOut(current->first);
     }
   }
-  PublishPairs();
+  if (!given_back.empty()) {
+    PublishPairs();
+  }
 }
 
 bool KZCEFCom::HasHandlers() const {
