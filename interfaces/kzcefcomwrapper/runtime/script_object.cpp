@@ -27,13 +27,16 @@ std::optional<std::vector<uint8_t>> MarshalScriptObject(IUnknown* object) {
                                 MSHLFLAGS_NORMAL))) {
     return std::nullopt;
   }
+  return TakeMarshalled(stream.Get());
+}
+
+std::optional<std::vector<uint8_t>> TakeMarshalled(IStream* stream) {
   std::optional<std::vector<uint8_t>> marshalled;
-  if (Rewind(stream.Get())) {
-    marshalled = ReadInBlocks(stream.Get());
+  if (Rewind(stream)) {
+    marshalled = ReadInBlocks(stream);
   }
-  if (!marshalled && Rewind(stream.Get())) {
-    // Nobody will unmarshal it, and it holds references on the object.
-    CoReleaseMarshalData(stream.Get());
+  if (!marshalled && Rewind(stream)) {
+    CoReleaseMarshalData(stream);
   }
   return marshalled;
 }

@@ -17,6 +17,10 @@ namespace kzcef {
 // Nothing for a null object or one that cannot be marshalled. Called in the object's apartment.
 std::optional<std::vector<uint8_t>> MarshalScriptObject(IUnknown* object);
 
+// What was marshalled into `stream`, from its start. Nothing when it cannot be read; nobody can
+// unmarshal it then, so the references that it holds are given back.
+std::optional<std::vector<uint8_t>> TakeMarshalled(IStream* stream);
+
 // All of `stream` from its current position, read in blocks of 512 bytes up to the first that is
 // not full. Nothing when a read fails.
 std::optional<std::vector<uint8_t>> ReadInBlocks(IStream* stream);

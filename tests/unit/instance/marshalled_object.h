@@ -112,6 +112,7 @@ class CountingStream final : public IStream {
   ULONG STDMETHODCALLTYPE Release() override { return 1; }
   HRESULT STDMETHODCALLTYPE Read(void* buffer, ULONG size, ULONG* read) override {
     if (reads.size() == fail_at) {
+      fail_at.reset();
       return STG_E_READFAULT;
     }
     const HRESULT result = stream_->Read(buffer, size, read);
@@ -119,8 +120,10 @@ class CountingStream final : public IStream {
     return result;
   }
   HRESULT STDMETHODCALLTYPE Write(const void*, ULONG, ULONG*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE Seek(LARGE_INTEGER, DWORD, ULARGE_INTEGER*) override {
-    return E_NOTIMPL;
+  HRESULT STDMETHODCALLTYPE Seek(LARGE_INTEGER move,
+                                 DWORD origin,
+                                 ULARGE_INTEGER* position) override {
+    return stream_->Seek(move, origin, position);
   }
   HRESULT STDMETHODCALLTYPE SetSize(ULARGE_INTEGER) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE CopyTo(IStream*,
@@ -142,7 +145,7 @@ class CountingStream final : public IStream {
 
   // How many bytes each read gave.
   std::vector<ULONG> reads;
-  // The index of the read that fails, if any.
+  // The index of the read that fails, once, if any.
   std::optional<size_t> fail_at;
 
  private:

@@ -82,6 +82,19 @@ TEST_F(MarshalScriptObjectTest, YieldsWhatUnmarshalsToTheSameObject) {
   EXPECT_EQ(same.Get(), &object);
 }
 
+TEST_F(MarshalScriptObjectTest, GivesTheReferencesBackOfWhatCannotBeRead) {
+  testing::PlainObject object;
+  const ComPtr<IStream> memory = StreamOf({});
+  ASSERT_EQ(CoMarshalInterface(memory.Get(), IID_IUnknown, &object, MSHCTX_LOCAL, nullptr,
+                               MSHLFLAGS_NORMAL),
+            S_OK);
+  ASSERT_GT(object.references, 1u);
+  testing::CountingStream stream(memory);
+  stream.fail_at = 0;
+  EXPECT_EQ(TakeMarshalled(&stream), std::nullopt);
+  EXPECT_EQ(object.references, 1u);
+}
+
 TEST_F(MarshalScriptObjectTest, AnswersNothingForNoObject) {
   EXPECT_EQ(MarshalScriptObject(nullptr), std::nullopt);
 }
