@@ -7,6 +7,7 @@
 #include <future>
 #include <thread>
 
+#include "alike_handler/alike_handler.h"
 #include "com/module.h"
 
 namespace kzcef::testing {
@@ -15,13 +16,18 @@ namespace {
 constexpr int kRounds = 3000;
 
 // A handler that only counts, and destroys itself with its last reference.
-class CountingHandler final : public IKZCEFComBrowserHandler3 {
+class CountingHandler final : public AlikeHandler<CountingHandler> {
  public:
   static inline std::atomic<int> alive{0};
   static inline std::atomic<int> load_ends{0};
   static inline std::atomic<bool> was_called_dead{false};
 
   static ComPtr<IKZCEFComBrowserHandler3> Make() { return new CountingHandler(); }
+
+  HRESULT Noted() const {
+    Check();
+    return S_OK;
+  }
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
     Check();
@@ -47,62 +53,10 @@ class CountingHandler final : public IKZCEFComBrowserHandler3 {
     }
     return left;
   }
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-    return E_NOTIMPL;
-  }
-  HRESULT STDMETHODCALLTYPE
-  Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-    return E_NOTIMPL;
-  }
-  HRESULT STDMETHODCALLTYPE AddressChangeNotify(BSTR) override { return Noted(); }
-  HRESULT STDMETHODCALLTYPE BeforePopupNotify(BSTR, VARIANT_BOOL*, VARIANT_BOOL*) override {
-    return Noted();
-  }
   HRESULT STDMETHODCALLTYPE LoadEndNotify(LONG) override {
     ++load_ends;
     return Noted();
   }
-  HRESULT STDMETHODCALLTYPE LoadStartNotify(LONG) override { return Noted(); }
-  HRESULT STDMETHODCALLTYPE LoadingStateChangeNotify(VARIANT_BOOL,
-                                                     VARIANT_BOOL,
-                                                     VARIANT_BOOL) override {
-    return Noted();
-  }
-  HRESULT STDMETHODCALLTYPE BrowserCreatedNotify() override { return Noted(); }
-  HRESULT STDMETHODCALLTYPE BeforeDownloadNotify(BSTR*, VARIANT_BOOL*, VARIANT_BOOL*) override {
-    return Noted();
-  }
-  HRESULT STDMETHODCALLTYPE DownloadCompletedNotify(BSTR) override { return Noted(); }
-  HRESULT STDMETHODCALLTYPE BeforeBrowseNotify(BSTR,
-                                               VARIANT_BOOL,
-                                               VARIANT_BOOL,
-                                               VARIANT_BOOL*) override {
-    return Noted();
-  }
-  HRESULT STDMETHODCALLTYPE ResourceRedirectNotify(BSTR, BSTR*, LONG) override { return Noted(); }
-  HRESULT STDMETHODCALLTYPE ResourceResponseNotify(BSTR*, VARIANT_BOOL*, LONG) override {
-    return Noted();
-  }
-  HRESULT STDMETHODCALLTYPE BeforeResourceLoadNotify(BSTR*, BSTR*) override { return Noted(); }
-  HRESULT STDMETHODCALLTYPE GetAuthCredentialsNotify(BSTR*,
-                                                     VARIANT_BOOL*,
-                                                     BSTR*,
-                                                     LONG,
-                                                     BSTR*,
-                                                     BSTR*,
-                                                     VARIANT_BOOL*,
-                                                     BSTR*,
-                                                     BSTR*) override {
-    return Noted();
-  }
-  HRESULT STDMETHODCALLTYPE ResourceLoadCompleteNotify(BSTR, BSTR) override { return Noted(); }
-  HRESULT STDMETHODCALLTYPE EscapeKeyNotify() override { return Noted(); }
-  HRESULT STDMETHODCALLTYPE SetOwnerWndHandle(INT64) override { return Noted(); }
-  HRESULT STDMETHODCALLTYPE DownloadUpdatedNotify(BSTR, LONG, LONG) override { return Noted(); }
-  HRESULT STDMETHODCALLTYPE BeforeContextMenuNotify(VARIANT_BOOL*) override { return Noted(); }
-  HRESULT STDMETHODCALLTYPE KeyStrokeNotify(LONG, VARIANT_BOOL*) override { return Noted(); }
 
  private:
   static constexpr unsigned kAlive = 0xA11FE;
@@ -116,10 +70,6 @@ class CountingHandler final : public IKZCEFComBrowserHandler3 {
     if (life_ != kAlive) {
       was_called_dead = true;
     }
-  }
-  HRESULT Noted() const {
-    Check();
-    return S_OK;
   }
 
   std::atomic<ULONG> references_{0};
