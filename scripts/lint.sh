@@ -2,8 +2,8 @@
 # Checks format and style of this project's own code: clang-format over every source, clang-tidy and
 # Clang's own warnings (for its MinGW target) over every source that the given build compiles.
 # Usage: lint.sh format | lint.sh tidy BUILD_DIR [PATH_PART...]
-# With PATH_PARTs, tidy looks only at sources whose path has one of them. Without, it remembers in
-# BUILD_DIR that all were clean, and looks again only when one of them has changed since.
+# With PATH_PARTs, tidy looks only at sources whose path has one of them. It remembers in BUILD_DIR
+# that all were clean, and looks again only when a source has changed since.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -15,15 +15,12 @@ case "${1:-}" in
   tidy)
     build=${2:?the build folder is missing}
     shift 2
-    stamp=
-    if [ $# -eq 0 ]; then
-      stamp=$build/tidy.stamp
-      if [ -e "$stamp" ] && [ -z "$(git ls-files -co --exclude-standard -- \
-        '*.h' '*.cpp' .clang-tidy 'CMakeLists.txt' '*/CMakeLists.txt' '*.cmake' '*.idl' |
-        xargs -I{} find {} -newer "$stamp" -print -quit)" ]; then
-        echo "nothing has changed since clang-tidy last had nothing to say"
-        exit 0
-      fi
+    stamp=$build/tidy$(printf '%s' "$*" | tr -c 'a-z0-9' '_').stamp
+    if [ -e "$stamp" ] && [ -z "$(git ls-files -co --exclude-standard -- \
+      '*.h' '*.cpp' .clang-tidy 'CMakeLists.txt' '*/CMakeLists.txt' '*.cmake' '*.idl' |
+      xargs -I{} find {} -newer "$stamp" -print -quit)" ]; then
+      echo "nothing has changed since clang-tidy last had nothing to say"
+      exit 0
     fi
     started=$(mktemp)
     # Clang does not look for GCC's C++ library of this target by itself.
@@ -45,7 +42,7 @@ PY
     printf '%s\n' "$sources" |
       xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p "$build" "${arguments[@]}" \
         2> >(grep -vE '^[0-9]+ warnings? generated' >&2)
-    if [ -n "$stamp" ]; then mv "$started" "$stamp"; else rm "$started"; fi
+    mv "$started" "$stamp"
     echo "clang-tidy has nothing to say about $(printf '%s\n' "$sources" | wc -l) sources"
     ;;
   *)

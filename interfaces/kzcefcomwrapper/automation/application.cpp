@@ -25,58 +25,73 @@ ComPtr<Interface> Query(IUnknown* object) {
   return answer;
 }
 
-// The handler and the browser of a registration as the tables are to know them; null where the
-// object passed is not one.
-struct Registration {
-  IUnknown* handler;
-  IUnknown* browser;
+// By what the tables know an object: the typed members take its interface pointer, the generic ones
+// the pointer that was passed.
+struct ByInterface {
+  static IUnknown* Of(IUnknown* /*passed*/, IUnknown* queried) { return queried; }
+};
+struct ByPointer {
+  static IUnknown* Of(IUnknown* passed, IUnknown* /*queried*/) { return passed; }
 };
 
-void Register(long addin_id, const Registration& registration) {
-  const auto registry = KZCEFCom::Get();
-  if (registration.handler) {
-    registry->AddHandler(registration.handler, addin_id);
-    if (registration.browser) {
-      registry->PairWithBrowser(registration.handler, registration.browser);
-    }
+template <typename Identity>
+HRESULT Register(long addin_id, IUnknown* browser, IUnknown* handler) noexcept {
+  if (!browser || !handler) {
+    return S_OK;
   }
+  return UnfailingComMember([&] {
+    const auto known_handler = Query<IKZCEFComBrowserHandler>(handler);
+    if (!known_handler) {
+      return;
+    }
+    const auto registry = KZCEFCom::Get();
+    IUnknown* const identity = Identity::Of(handler, known_handler.Get());
+    registry->AddHandler(identity, addin_id);
+    if (const auto known_browser = Query<IKZCEFComBrowser>(browser)) {
+      registry->PairWithBrowser(identity, Identity::Of(browser, known_browser.Get()));
+    }
+  });
 }
 
-void Unregister(const Registration& registration) {
-  const auto registry = KZCEFCom::Get();
-  if (!registry->HasHandlers()) {
-    return;
+template <typename Identity>
+HRESULT Unregister(IUnknown* browser, IUnknown* handler) noexcept {
+  if (!browser || !handler) {
+    return S_OK;
   }
-  if (registration.handler) {
-    registry->RemoveHandler(registration.handler);
-  }
-  if (registration.browser) {
-    registry->RemoveHandlersOf(registration.browser);
-  }
+  return UnfailingComMember([&] {
+    const auto registry = KZCEFCom::Get();
+    if (!registry->HasHandlers()) {
+      return;
+    }
+    if (const auto known_handler = Query<IKZCEFComBrowserHandler>(handler)) {
+      registry->RemoveHandler(Identity::Of(handler, known_handler.Get()));
+    }
+    if (const auto known_browser = Query<IKZCEFComBrowser>(browser)) {
+      registry->RemoveHandlersOf(Identity::Of(browser, known_browser.Get()));
+    }
+  });
 }
 
 }  // namespace
 
 HRESULT CKZCEFComApplication::GetToken(BSTR product_key, VARIANT, IKZCEFComToken**) {
-  return ComMember([&] {
+  return UnfailingComMember([&] {
     std::wstring kind = TextOf(product_key);
     if (IsKnownHostKind(kind)) {
       SetHostKind(std::move(kind));
     }
-    return S_OK;
   });
 }
 
 HRESULT CKZCEFComApplication::GetKzCEFBrowser(IKZCEFComToken*, long, IKZCEFComBrowser** browser) {
-  return ComMember([&] {
+  return UnfailingComMember([&] {
     ComPtr<IKZCEFComBrowser> created;
     CreateComObject<CKZCEFComBrowser>(nullptr, IID_PPV_ARGS(created.GetAddressOf()));
+    if (created && browser) {
+      created.CopyTo(browser);
+    }
     // Also when there is none: the list counts the attempts.
     KZCEFCom::Get()->ListBrowser(created.Get());
-    if (created && browser) {
-      *browser = created.Detach();
-    }
-    return S_OK;
   });
 }
 
@@ -84,50 +99,31 @@ HRESULT CKZCEFComApplication::RegisterKzCEFBrowserCallback(IKZCEFComToken*,
                                                            long addin_id,
                                                            IKZCEFComBrowser* browser,
                                                            IKZCEFComBrowserHandler* handler) {
-  if (!browser || !handler) {
-    return S_OK;
-  }
-  return ComMember([&] {
-    const auto known_handler = Query<IKZCEFComBrowserHandler>(handler);
-    const auto known_browser = Query<IKZCEFComBrowser>(browser);
-    Register(addin_id, {known_handler.Get(), known_browser.Get()});
-    return S_OK;
-  });
+  return Register<ByInterface>(addin_id, browser, handler);
 }
 
 HRESULT CKZCEFComApplication::UnRegisterKzCEFBrowserCallback(IKZCEFComToken*,
                                                              long,
                                                              IKZCEFComBrowser* browser,
                                                              IKZCEFComBrowserHandler* handler) {
-  if (!browser || !handler) {
-    return S_OK;
-  }
-  return ComMember([&] {
-    const auto known_handler = Query<IKZCEFComBrowserHandler>(handler);
-    const auto known_browser = Query<IKZCEFComBrowser>(browser);
-    Unregister({known_handler.Get(), known_browser.Get()});
-    return S_OK;
-  });
+  return Unregister<ByInterface>(browser, handler);
 }
 
 HRESULT CKZCEFComApplication::GetCookieManager(IKZCEFComToken*,
                                                long,
                                                IKZCEFComCookieManager** manager) {
-  return ComMember([&] {
-    CreateComObject<CKZCEFComCookieManager>(nullptr, IID_PPV_ARGS(manager));
-    return S_OK;
-  });
+  return UnfailingComMember(
+      [&] { CreateComObject<CKZCEFComCookieManager>(nullptr, IID_PPV_ARGS(manager)); });
 }
 
 HRESULT CKZCEFComApplication::InitCef(IKZCEFComToken*, IKZCEFComSettings* settings) {
-  return ComMember([&] {
+  return UnfailingComMember([&] {
     const auto registry = KZCEFCom::Get();
     if (!registry->started()) {
       // Set before anything can fail: a failed start is not tried again.
       registry->set_started();
       registry->set_bridge(InitCefRuntime(nullptr, settings));
     }
-    return S_OK;
   });
 }
 
@@ -154,45 +150,26 @@ HRESULT CKZCEFComApplication::RegisterKzCEFBrowserCallback2(IUnknown*,
                                                             long addin_id,
                                                             IUnknown* browser,
                                                             IUnknown* handler) {
-  if (!browser || !handler) {
-    return S_OK;
-  }
-  return ComMember([&] {
-    const bool is_handler = Query<IKZCEFComBrowserHandler>(handler) != nullptr;
-    const bool is_browser = Query<IKZCEFComBrowser>(browser) != nullptr;
-    Register(addin_id, {is_handler ? handler : nullptr, is_browser ? browser : nullptr});
-    return S_OK;
-  });
+  return Register<ByPointer>(addin_id, browser, handler);
 }
 
 HRESULT CKZCEFComApplication::UnRegisterKzCEFBrowserCallback2(IUnknown*,
                                                               long,
                                                               IUnknown* browser,
                                                               IUnknown* handler) {
-  if (!browser || !handler) {
-    return S_OK;
-  }
-  return ComMember([&] {
-    const bool is_handler = Query<IKZCEFComBrowserHandler>(handler) != nullptr;
-    const bool is_browser = Query<IKZCEFComBrowser>(browser) != nullptr;
-    Unregister({is_handler ? handler : nullptr, is_browser ? browser : nullptr});
-    return S_OK;
-  });
+  return Unregister<ByPointer>(browser, handler);
 }
 
 HRESULT CKZCEFComApplication::HostClosing(VARIANT_BOOL is_closing) {
-  return ComLeafMember([&] {
-    KZCEFCom::Get()->ExchangeHostClosing(is_closing != VARIANT_FALSE);
-    return S_OK;
-  });
+  return UnfailingComMember(
+      [&] { KZCEFCom::Get()->ExchangeHostClosing(is_closing != VARIANT_FALSE); });
 }
 
 HRESULT CKZCEFComApplication::IsProcessingNotifications(VARIANT_BOOL* is_processing) {
-  return ComLeafMember([&] {
+  return UnfailingComMember([&] {
     if (is_processing) {
       *is_processing = KZCEFCom::Get()->IsProcessing() ? VARIANT_TRUE : VARIANT_FALSE;
     }
-    return S_OK;
   });
 }
 

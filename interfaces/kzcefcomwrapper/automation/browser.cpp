@@ -35,7 +35,7 @@ void CKZCEFComBrowser::FinalRelease() noexcept {
 }
 
 HRESULT CKZCEFComBrowser::GetWindowHandle(__int64* window) {
-  return ComLeafMember([&] {
+  return ComMember([&] {
     if (bridge_ && window) {
       *window = reinterpret_cast<__int64>(WindowHandle());
     }
@@ -156,14 +156,17 @@ HWND CKZCEFComBrowser::WindowHandle() const {
   return bridge_ ? bridge_->GetWindowHandle(instance_) : nullptr;
 }
 
-bool CKZCEFComBrowser::ApplyPendingScriptHandlers() {
+ScriptHandlerOffer CKZCEFComBrowser::PendingScriptHandlers() const {
   if (!bridge_ || !instance_) {
-    return false;
+    return {};
   }
-  for (const auto& [name, object] : pending_script_handlers_) {
-    bridge_->AddJSHandler(name.c_str(), object, instance_);
+  return {bridge_, instance_, {pending_script_handlers_.begin(), pending_script_handlers_.end()}};
+}
+
+void ScriptHandlerOffer::Send() const {
+  for (const auto& [name, object] : handlers) {
+    bridge->AddJSHandler(name.c_str(), object, instance);
   }
-  return true;
 }
 
 }  // namespace kzcef

@@ -3,9 +3,12 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "KZCEFComWrapper.h"
 #include "automation/browser_life.h"
@@ -15,6 +18,18 @@ namespace kzcef {
 
 class kzCefBridge;
 class kzCefInstance;
+
+// The script handlers of a browser that a page is to have, in order of their names.
+struct ScriptHandlerOffer {
+  // The engine's UI thread, which keeps the instance alive, and outside BrowserLife::With:
+  // marshalling runs the objects' own code.
+  void Send() const;
+
+  kzCefBridge* bridge = nullptr;
+  kzCefInstance* instance = nullptr;
+  // Without references.
+  std::vector<std::pair<std::wstring, IDispatch*>> handlers;
+};
 
 // A thin front over the bridge: every member is one operation on this browser's instance. An object
 // made before the engine was started has no bridge for its whole life, and its members do nothing.
@@ -58,9 +73,9 @@ class CKZCEFComBrowser : public CoClass<IKZCEFComBrowser> {
   HWND WindowHandle() const;
   // PopupUserBrowser.
   VARIANT_BOOL IsPopupForDesktop() const { return popup_user_browser_; }
-  // Offers every kept script handler to the page, in order of the names. They stay kept, as every
-  // new document needs them again. False without a bridge or before StartBrowser.
-  bool ApplyPendingScriptHandlers();
+  // What is to be offered to the page; nothing without a bridge or before StartBrowser. The
+  // handlers stay kept, as every new document needs them again.
+  ScriptHandlerOffer PendingScriptHandlers() const;
 
   // Gives the instance back and leaves the registry; nobody without a reference gets here any more.
   void FinalRelease() noexcept;
@@ -72,7 +87,8 @@ class CKZCEFComBrowser : public CoClass<IKZCEFComBrowser> {
   kzCefBridge* bridge_;
   kzCefInstance* instance_ = nullptr;
   HWND window_ = nullptr;
-  VARIANT_BOOL popup_user_browser_ = VARIANT_FALSE;
+  // Written on the host's thread, read on the engine's.
+  std::atomic<VARIANT_BOOL> popup_user_browser_ = VARIANT_FALSE;
   std::wstring url_;
   std::map<std::wstring, IDispatch*> pending_script_handlers_;
   const std::shared_ptr<BrowserLife> life_;

@@ -148,8 +148,14 @@ class KZCEFCom final : public HostNotifications {
 
   void PassPendingScriptHandlers(HWND window) const;
   static bool Serves(const Pair& pair, HWND window, VARIANT_BOOL* popup);
+  std::shared_ptr<const Pairs> Snapshot() const { return published_pairs_.load(); }
   template <typename Interface, typename Notify>
   void Walk(HWND window, Notify&& notify, VARIANT_BOOL* popup = nullptr) const;
+  template <typename Interface, typename Notify>
+  static void WalkThrough(const Pairs& pairs,
+                          HWND window,
+                          Notify&& notify,
+                          VARIANT_BOOL* popup = nullptr);
 
   // Guards the tables below against other changes, never while somebody else's code runs.
   mutable std::mutex changes_;

@@ -3,6 +3,9 @@
 #include <comdef.h>
 #include <wrl/client.h>
 
+#include <optional>
+#include <utility>
+
 #include "KZCEFComWrapper.h"
 #include "automation/browser.h"
 #include "automation/browser_life.h"
@@ -61,8 +64,12 @@ bool KZCEFCom::Serves(const Pair& pair, HWND window, VARIANT_BOOL* popup) {
 // directly after telling it the window.
 template <typename Interface, typename Notify>
 void KZCEFCom::Walk(HWND window, Notify&& notify, VARIANT_BOOL* popup) const {
-  const std::shared_ptr<const Pairs> pairs = published_pairs_.load();
-  for (const Pair& pair : *pairs) {
+  WalkThrough<Interface>(*Snapshot(), window, std::forward<Notify>(notify), popup);
+}
+
+template <typename Interface, typename Notify>
+void KZCEFCom::WalkThrough(const Pairs& pairs, HWND window, Notify&& notify, VARIANT_BOOL* popup) {
+  for (const Pair& pair : pairs) {
     if (!pair.handler || !Serves(pair, window, popup)) {
       continue;
     }
@@ -78,25 +85,27 @@ void KZCEFCom::Walk(HWND window, Notify&& notify, VARIANT_BOOL* popup) const {
 void KZCEFCom::PassPendingScriptHandlers(HWND window) const {
   const std::shared_ptr<const BrowserList> browsers = browsers_.load();
   for (const std::shared_ptr<BrowserLife>& life : *browsers) {
-    bool found = false;
+    std::optional<ScriptHandlerOffer> offer;
     if (life) {
-      life->With([&](CKZCEFComBrowser& browser) {
-        found = browser.WindowHandle() == window;
-        if (found) {
-          browser.ApplyPendingScriptHandlers();
+      life->With([&](const CKZCEFComBrowser& browser) {
+        if (browser.WindowHandle() == window) {
+          offer = browser.PendingScriptHandlers();
         }
       });
     }
-    if (found) {
+    if (offer) {
+      offer->Send();
       return;
     }
   }
 }
 
 void KZCEFCom::AddressChangeNotify(HWND window, const std::wstring& new_address) {
+  // Before the script handlers, whose code may register and unregister.
+  const auto pairs = Snapshot();
   PassPendingScriptHandlers(window);
   const UniqueBstr address = NotificationText(new_address);
-  Walk<IKZCEFComBrowserHandler>(window, [&](IKZCEFComBrowserHandler& handler) {
+  WalkThrough<IKZCEFComBrowserHandler>(*pairs, window, [&](IKZCEFComBrowserHandler& handler) {
     handler.AddressChangeNotify(address.get());
   });
 }
@@ -147,9 +156,10 @@ void KZCEFCom::BeforeResourceLoadNotify(HWND window, BSTR* url, BSTR* request_ty
 }
 
 void KZCEFCom::BrowserCreatedNotify(HWND window) {
+  const auto pairs = Snapshot();
   PassPendingScriptHandlers(window);
-  Walk<IKZCEFComBrowserHandler>(
-      window, [](IKZCEFComBrowserHandler& handler) { handler.BrowserCreatedNotify(); });
+  WalkThrough<IKZCEFComBrowserHandler>(
+      *pairs, window, [](IKZCEFComBrowserHandler& handler) { handler.BrowserCreatedNotify(); });
 }
 
 void KZCEFCom::DownloadCompletedNotify(HWND window, const std::wstring& download_path_name) {

@@ -28,38 +28,32 @@ VARIANT_BOOL DefaultFlag(int flag) {
 
 // By contract a getter fails on nothing, so a missing out pointer is left alone.
 HRESULT GetText(const std::wstring& text, BSTR* value) {
-  return ComLeafMember([&] {
+  return UnfailingComLeafMember([&] {
     if (value) {
       *value = NewBstr(text);
     }
-    return S_OK;
   });
 }
 
 HRESULT PutText(std::wstring& text, BSTR value) {
-  return ComLeafMember([&] {
+  return UnfailingComLeafMember([&] {
     // Into the memory that is there already.
     text.assign(ViewOf(value));
-    return S_OK;
   });
 }
 
 template <typename Value>
 HRESULT GetValue(Value stored, Value* value) {
-  return ComLeafMember([&] {
+  return UnfailingComLeafMember([&] {
     if (value) {
       *value = stored;
     }
-    return S_OK;
   });
 }
 
 template <typename Value>
 HRESULT PutValue(Value& stored, Value value) {
-  return ComLeafMember([&] {
-    stored = value;
-    return S_OK;
-  });
+  return UnfailingComLeafMember([&] { stored = value; });
 }
 
 }  // namespace
@@ -111,12 +105,11 @@ HRESULT CKZCEFComSettings::put_CachePath(BSTR value) {
 }
 
 HRESULT CKZCEFComSettings::AddCefCommandLineArg(BSTR name, BSTR value) {
-  return ComLeafMember([&] {
+  return UnfailingComLeafMember([&] {
     // The first value of a switch stays.
     if (const std::wstring_view key = ViewOf(name); !command_line_args_.contains(key)) {
       command_line_args_.emplace(key, ViewOf(value));
     }
-    return S_OK;
   });
 }
 
@@ -229,10 +222,7 @@ HRESULT CKZCEFComSettings::get_UserAgentProduct(BSTR* value) {
 }
 
 HRESULT CKZCEFComSettings::put_UserAgentProduct(BSTR value) {
-  return ComLeafMember([&] {
-    user_agent_product_ = EngineProduct() + TextOf(value);
-    return S_OK;
-  });
+  return UnfailingComLeafMember([&] { user_agent_product_ = EngineProduct() + TextOf(value); });
 }
 
 HRESULT CKZCEFComSettings::get_UserDataPath(BSTR* value) {

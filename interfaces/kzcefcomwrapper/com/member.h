@@ -29,11 +29,28 @@ HRESULT ComLeafMember(Body&& body) noexcept {
   }
 }
 
-// The same for every other COM member, with the module state switched.
+// ComLeafMember for a member that by contract never fails: what `body` throws is dropped.
+template <typename Body>
+HRESULT UnfailingComLeafMember(Body&& body) noexcept {
+  ComLeafMember([&] {
+    body();
+    return S_OK;
+  });
+  return S_OK;
+}
+
+// The frame of every other COM member, with the module state switched.
 template <typename Body>
 HRESULT ComMember(Body&& body) noexcept {
   const ModuleStateScope module_state;
   return ComLeafMember(std::forward<Body>(body));
+}
+
+// ComMember for a member that by contract never fails: what `body` throws is dropped.
+template <typename Body>
+HRESULT UnfailingComMember(Body&& body) noexcept {
+  const ModuleStateScope module_state;
+  return UnfailingComLeafMember(std::forward<Body>(body));
 }
 
 }  // namespace kzcef

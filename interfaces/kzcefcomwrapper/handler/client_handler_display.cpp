@@ -12,9 +12,11 @@ void kzCefClientHandler::OnAddressChange(CefRefPtr<CefBrowser> browser,
                                          CefRefPtr<CefFrame> frame,
                                          const CefString& url) {
   CEF_REQUIRE_UI_THREAD();
-  if (Delegate* const owner = delegate(); owner && frame->IsMain()) {
-    owner->OnSetAddress(url.ToString());
-  }
+  Contained([&] {
+    if (Delegate* const owner = delegate(); owner && frame->IsMain()) {
+      owner->OnSetAddress(url.ToString());
+    }
+  });
   RaiseContained(browser, [&](HostNotifications& host, HWND window) {
     host.AddressChangeNotify(window, url.ToWString());
   });
@@ -22,9 +24,11 @@ void kzCefClientHandler::OnAddressChange(CefRefPtr<CefBrowser> browser,
 
 void kzCefClientHandler::OnTitleChange(CefRefPtr<CefBrowser> /*browser*/, const CefString& title) {
   CEF_REQUIRE_UI_THREAD();
-  if (Delegate* const owner = delegate()) {
-    owner->OnSetTitle(title.ToString());
-  }
+  Contained([&] {
+    if (Delegate* const owner = delegate()) {
+      owner->OnSetTitle(title.ToString());
+    }
+  });
 }
 
 void kzCefClientHandler::OnFaviconURLChange(CefRefPtr<CefBrowser> browser,
@@ -34,8 +38,11 @@ void kzCefClientHandler::OnFaviconURLChange(CefRefPtr<CefBrowser> browser,
     return;
   }
   constexpr uint32_t kFaviconSize = 16;
-  browser->GetHost()->DownloadImage(icon_urls.front(), /*is_favicon=*/true, kFaviconSize,
-                                    /*bypass_cache=*/false, new ClientDownloadImageCallback(this));
+  Contained([&] {
+    browser->GetHost()->DownloadImage(icon_urls.front(), /*is_favicon=*/true, kFaviconSize,
+                                      /*bypass_cache=*/false,
+                                      new ClientDownloadImageCallback(this));
+  });
 }
 
 void kzCefClientHandler::OnFullscreenModeChange(CefRefPtr<CefBrowser> /*browser*/,
@@ -52,11 +59,13 @@ bool kzCefClientHandler::OnConsoleMessage(CefRefPtr<CefBrowser> /*browser*/,
                                           const CefString& source,
                                           int line) {
   CEF_REQUIRE_UI_THREAD();
-  if (IsConsoleLogOn() &&
-      AppendToConsoleLog(console_log_file_,
-                         ConsoleRecord(level, message.ToString(), source.ToString(), line))) {
-    first_console_message_ = false;
-  }
+  Contained([&] {
+    if (IsConsoleLogOn() &&
+        AppendToConsoleLog(console_log_file_,
+                           ConsoleRecord(level, message.ToString(), source.ToString(), line))) {
+      first_console_message_ = false;
+    }
+  });
   return false;
 }
 

@@ -1,16 +1,26 @@
 #include "runtime/settings_reader.h"
 
-#include <memory>
+#include <utility>
 
 namespace kzcef {
 
 std::optional<std::wstring> SettingsReader::Text(TextGetter getter) const {
+  const OwnedBstr text = Read(getter).text;
+  return text ? std::optional(std::wstring(text.get(), SysStringLen(text.get()))) : std::nullopt;
+}
+
+std::optional<std::wstring> SettingsReader::TextOrEmpty(TextGetter getter) const {
+  const Answer answer = Read(getter);
+  return answer.succeeded ? std::optional(std::wstring(answer.text ? answer.text.get() : L"",
+                                                       SysStringLen(answer.text.get())))
+                          : std::nullopt;
+}
+
+SettingsReader::Answer SettingsReader::Read(TextGetter getter) const {
   BSTR text = nullptr;
-  if (FAILED((settings_.*getter)(&text)) || !text) {
-    return std::nullopt;
-  }
-  const std::unique_ptr<OLECHAR, decltype(&SysFreeString)> owned(text, &SysFreeString);
-  return std::wstring(text, SysStringLen(text));
+  const bool succeeded = SUCCEEDED((settings_.*getter)(&text));
+  OwnedBstr owned(text);
+  return {succeeded, succeeded ? std::move(owned) : nullptr};
 }
 
 bool SettingsReader::Flag(FlagGetter getter) const {

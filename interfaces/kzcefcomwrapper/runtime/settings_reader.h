@@ -5,6 +5,7 @@
 
 #include <oleauto.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -25,12 +26,25 @@ class SettingsReader {
 
   // Nothing for a null text, which is not the same as an empty one.
   std::optional<std::wstring> Text(TextGetter getter) const;
+  // Empty for a null text, nothing when the getter fails.
+  std::optional<std::wstring> TextOrEmpty(TextGetter getter) const;
   // True for VARIANT_TRUE and for nothing else.
   bool Flag(FlagGetter getter) const;
   // `otherwise` when the getter left the value alone.
   long Number(NumberGetter getter, long otherwise) const;
 
  private:
+  struct BstrFree {
+    void operator()(OLECHAR* text) const { SysFreeString(text); }
+  };
+  using OwnedBstr = std::unique_ptr<OLECHAR, BstrFree>;
+  struct Answer {
+    bool succeeded;
+    OwnedBstr text;
+  };
+
+  Answer Read(TextGetter getter) const;
+
   IKZCEFComSettings& settings_;
 };
 

@@ -39,7 +39,7 @@ void UseCacheDirectory(const std::string& directory,
   CefString(&settings.cache_path).FromString(directory);
   SetCachePath(Utf8ToWide(directory));
   const std::optional<std::wstring> log_file =
-      SettingsReader(host).Text(&IKZCEFComSettings::get_LogFile);
+      SettingsReader(host).TextOrEmpty(&IKZCEFComSettings::get_LogFile);
   if (log_file && log_file->empty()) {
     CefString(&settings.log_file).FromString(directory + "\\debug.log");
   }

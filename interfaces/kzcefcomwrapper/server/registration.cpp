@@ -139,16 +139,17 @@ HRESULT RegisterTypeLibrary(const std::wstring& module) {
                   : RegisterTypeLib(library.Get(), path.data(), help_folder.data());
 }
 
-bool IsTypeLibraryRegistered() {
-  const std::wstring name = L"TypeLib\\" + GuidText(LIBID_KZCEFComWrapperLib) + L"\\" + kVersion;
+bool IsTypeLibraryRegistered(HKEY hive, const std::wstring& classes) {
+  const std::wstring name =
+      classes + L"TypeLib\\" + GuidText(LIBID_KZCEFComWrapperLib) + L"\\" + kVersion;
   HKEY opened = nullptr;
-  const LSTATUS status = RegOpenKeyExW(HKEY_CLASSES_ROOT, name.c_str(), 0, KEY_READ, &opened);
+  const LSTATUS status = RegOpenKeyExW(hive, name.c_str(), 0, KEY_READ, &opened);
   const UniqueKey key(opened);
   return status != ERROR_FILE_NOT_FOUND;
 }
 
 HRESULT UnregisterTypeLibrary(const std::wstring& module) {
-  if (!IsTypeLibraryRegistered()) {
+  if (!IsTypeLibraryRegistered(HKEY_CLASSES_ROOT, L"")) {
     return S_OK;
   }
   ComPtr<ITypeLib> library;
@@ -164,7 +165,13 @@ HRESULT UnregisterTypeLibrary(const std::wstring& module) {
   const auto release = [&](TLIBATTR* attributes) { library->ReleaseTLibAttr(attributes); };
   const std::unique_ptr<TLIBATTR, decltype(release)> own(raw, release);
   const auto unregister = per_user ? &UnRegisterTypeLibForUser : &UnRegisterTypeLib;
-  return unregister(own->guid, own->wMajorVerNum, own->wMinorVerNum, own->lcid, own->syskind);
+  const HRESULT result =
+      unregister(own->guid, own->wMajorVerNum, own->wMinorVerNum, own->lcid, own->syskind);
+  // What HKEY_CLASSES_ROOT showed may be the machine's registration, which is not the user's to
+  // end.
+  const bool is_left =
+      !per_user || IsTypeLibraryRegistered(HKEY_CURRENT_USER, L"Software\\Classes\\");
+  return is_left ? result : S_OK;
 }
 
 HRESULT RegisterAll() {

@@ -47,8 +47,11 @@ bool WriteLockFile(const std::string& path) {
 }
 
 std::optional<LockRecord> ReadLockFile(const std::string& path) {
-  const std::optional<std::string> text = ReadTextFile(path);
-  return text ? std::optional(ParseLockRecord(*text)) : std::nullopt;
+  const UniqueHandle file = OpenExisting(Utf8ToWide(path), GENERIC_READ);
+  if (!file) {
+    return GetLastError() == ERROR_SHARING_VIOLATION ? std::nullopt : std::optional(LockRecord());
+  }
+  return ParseLockRecord(ReadText(file.get()).value_or(std::string()));
 }
 
 bool IsOwnLock(const LockRecord& record) {
@@ -76,7 +79,8 @@ bool RemoveStaleLock(const std::string& path, const LockRecord& stale) {
         (error == ERROR_ACCESS_DENIED && !OpenExisting(wide_path, FILE_READ_ATTRIBUTES));
     // A process that was faster shares its new lock with nobody while it writes it.
     const bool is_replaced =
-        error == ERROR_SHARING_VIOLATION && ReadLockFile(path) != std::optional(stale);
+        error == ERROR_SHARING_VIOLATION &&
+        (!OpenExisting(wide_path, GENERIC_READ) || ReadLockFile(path) != std::optional(stale));
     if (is_gone || is_replaced) {
       return false;
     }

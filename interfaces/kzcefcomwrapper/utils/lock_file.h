@@ -14,8 +14,8 @@ namespace kzcef {
 // of WriteNewFile.
 bool WriteLockFile(const std::string& path);
 
-// What the lock file says; nothing while its writer still holds it open, or when it cannot be read
-// for another reason. Throws what ParseLockRecord throws.
+// What the lock file says; nothing while its writer still holds it open. One that cannot be read
+// for another reason names nobody. Throws what ParseLockRecord throws.
 std::optional<LockRecord> ReadLockFile(const std::string& path);
 
 // Whether the record names this process. The path of its program is compared in the ANSI code page

@@ -47,7 +47,8 @@ class Run:
         self.events = events
 
     def succeeded(self):
-        assert self.status == 0, f"status {self.status}\n{self.errors}\n{self.output[-2000:]}"
+        assert self.status == 0, (f"status {self.status}\n{self.errors}\n{self.output[-2000:]}\n"
+                                  f"the last events: {self.events.all[-20:]}")
         return self.events
 
 

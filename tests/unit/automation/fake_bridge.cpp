@@ -105,6 +105,9 @@ bool FakeBridge::AddJSHandler(const wchar_t* object_name,
                               IDispatch* object,
                               kzCefInstance* instance) {
   Record(Call("AddJSHandler", Text(object_name), Number(object), Number(instance)));
+  if (on_script_handler) {
+    on_script_handler();
+  }
   return succeeds;
 }
 

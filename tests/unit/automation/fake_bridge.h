@@ -32,6 +32,8 @@ class FakeBridge final : public kzCefBridge {
   std::function<bool()> on_shutdown = [] { return true; };
   // Runs inside StartBrowser, once the new instance has its browser; may be empty.
   std::function<void()> on_started;
+  // Runs inside AddJSHandler, as the object's own code does while it is marshalled; may be empty.
+  std::function<void()> on_script_handler;
   std::wstring current_url;
   // The answer of LoadURL and Refresh where the instance has a browser.
   bool succeeds = true;

@@ -2,6 +2,7 @@
 // and the notifications that arrive.
 
 #include "automation_test.h"
+#include "foreign_browser.h"
 
 #include <array>
 
@@ -243,6 +244,20 @@ TEST_F(Registration, MayEndInsideTheHandlersOwnRelease) {
   };
   Unregister(browser, dying);
   EXPECT_TRUE(released);
+}
+
+TEST_F(Registration, EndsWithoutAQuestionWhereThereIsNone) {
+  ForeignBrowser foreign(first_window);
+  EXPECT_EQ(application->UnRegisterKzCEFBrowserCallback(nullptr, 7, &foreign, &handler), S_OK);
+  EXPECT_EQ(application->UnRegisterKzCEFBrowserCallback2(nullptr, 7, &foreign, &handler), S_OK);
+  EXPECT_EQ(foreign.queries, 0);
+}
+
+TEST_F(Registration, AsksNoBrowserForSomethingThatIsNoHandler) {
+  ForeignBrowser foreign(first_window);
+  ForeignBrowser no_handler(first_window);
+  EXPECT_EQ(application->RegisterKzCEFBrowserCallback2(nullptr, 7, &foreign, &no_handler), S_OK);
+  EXPECT_EQ(foreign.queries, 0);
 }
 
 }  // namespace

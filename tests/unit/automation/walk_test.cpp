@@ -5,6 +5,7 @@
 #include <array>
 
 #include "automation/browser_handler.h"
+#include "foreign_browser.h"
 
 namespace kzcef::testing {
 namespace {
@@ -354,6 +355,70 @@ TEST_F(PendingScriptHandlers, AreForgottenWithTheirBrowser) {
   bridge.ForgetCalls();
   registry->AddressChangeNotify(first_window, L"http://a/");
   EXPECT_THAT(bridge.calls(), ElementsAre());
+}
+
+TEST_F(PendingScriptHandlers, MayRegisterAHandlerThatThisWalkDoesNotReach) {
+  StrictMock<MockHandler> late;
+  const auto browser = BrowserWithPendingHandlers();
+  bridge.on_script_handler = [&] { Register(browser, late); };
+  registry->BrowserCreatedNotify(first_window);
+  registry->AddressChangeNotify(second_window, L"http://a/");
+  EXPECT_CALL(late, SetOwnerWndHandle(_));
+  EXPECT_CALL(late, AddressChangeNotify(_));
+  registry->AddressChangeNotify(first_window, L"http://a/");
+}
+
+TEST_F(PendingScriptHandlers, MayReleaseTheirBrowser) {
+  auto browser = BrowserWithPendingHandlers();
+  bridge.on_script_handler = [&] { browser.Reset(); };
+  registry->BrowserCreatedNotify(first_window);
+  bridge.ForgetCalls();
+  registry->AddressChangeNotify(first_window, L"http://a/");
+  EXPECT_THAT(bridge.calls(), ElementsAre());
+}
+
+TEST_F(PendingScriptHandlers, ArePassedOnThoughABrowserBeforeThemCouldNotBeMade) {
+  registry->ListBrowser(nullptr);
+  const auto browser = BrowserWithPendingHandlers();
+  registry->BrowserCreatedNotify(first_window);
+  EXPECT_THAT(bridge.calls(), all_in_order);
+}
+
+// --- browser objects of others ---
+
+class ForeignBrowserWalk : public Walk {
+ protected:
+  void Register(IKZCEFComBrowserHandler& handler) {
+    EXPECT_EQ(application->RegisterKzCEFBrowserCallback(nullptr, 7, &foreign, &handler), S_OK);
+  }
+
+  ForeignBrowser foreign{reinterpret_cast<HWND>(0x700)};
+  const HWND window = reinterpret_cast<HWND>(0x700);
+};
+
+TEST_F(ForeignBrowserWalk, ReachesTheHandlersOfItsWindowOnly) {
+  Register(handlers[0]);
+  EXPECT_CALL(handlers[0], SetOwnerWndHandle(Value(window)));
+  EXPECT_CALL(handlers[0], LoadEndNotify(200)).Times(1);
+  registry->LoadEndNotify(window, 200);
+  registry->LoadEndNotify(first_window, 200);
+  EXPECT_EQ(foreign.references, 0);
+}
+
+TEST_F(ForeignBrowserWalk, PresetsPopupFromItsFlag) {
+  foreign.popup = VARIANT_TRUE;
+  Register(handlers[0]);
+  EXPECT_CALL(handlers[0], BeforePopupNotify(_, Pointee(VARIANT_TRUE), _));
+  VARIANT_BOOL popup = VARIANT_FALSE;
+  VARIANT_BOOL proceed = VARIANT_TRUE;
+  registry->BeforePopupNotify(window, L"", &popup, &proceed);
+}
+
+TEST_F(ForeignBrowserWalk, PassesOverWhatIsABrowserNoMore) {
+  StrictMock<MockHandler> handler;
+  Register(handler);
+  foreign.is_browser = false;
+  registry->LoadEndNotify(window, 200);
 }
 
 }  // namespace

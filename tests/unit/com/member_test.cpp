@@ -37,6 +37,12 @@ TEST(ComMember, LetsNoOtherExceptionOut) {
   EXPECT_EQ(ComMember([]() -> HRESULT { throw 7; }), E_UNEXPECTED);
 }
 
+TEST(ComMember, ThatNeverFailsDropsEveryException) {
+  EXPECT_EQ(UnfailingComMember([] { throw std::bad_alloc(); }), S_OK);
+  EXPECT_EQ(UnfailingComLeafMember([] { throw 7; }), S_OK);
+  EXPECT_EQ(ModuleStateScope::ResourceModule(), nullptr);
+}
+
 TEST(ComMember, RestoresTheStateAfterAnException) {
   ComMember([]() -> HRESULT { throw 7; });
   EXPECT_EQ(ModuleStateScope::ResourceModule(), nullptr);

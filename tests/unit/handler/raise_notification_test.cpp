@@ -64,5 +64,16 @@ TEST_F(HandlerTest, GoesOnWithTheHostThatItBeganWith) {
   EXPECT_THAT(host_->exchanges, ElementsAre(true, false));
 }
 
+TEST(Contained, AnswersForABodyThatThrows) {
+  EXPECT_EQ(Contained([] { return 1; }, 7), 1);
+  EXPECT_EQ(Contained([]() -> int { throw std::bad_alloc(); }, 7), 7);
+  bool ran = false;
+  Contained([&] {
+    ran = true;
+    throw std::bad_alloc();
+  });
+  EXPECT_TRUE(ran);
+}
+
 }  // namespace
 }  // namespace kzcef

@@ -113,9 +113,9 @@ TEST_F(StartupTest, KeepsTheLogFileOfTheHost) {
   EXPECT_EQ(TextOf(TheInitialization().settings.log_file), L"C:\\host.log");
 }
 
-TEST_F(StartupTest, LeavesTheLogFileToCefWhenTheHostYieldsNone) {
+TEST_F(StartupTest, TakesANullLogFileForAnEmptyOne) {
   EXPECT_TRUE(StartCefRuntime(nullptr, &settings_));
-  EXPECT_EQ(TextOf(TheInitialization().settings.log_file), L"");
+  EXPECT_EQ(TextOf(TheInitialization().settings.log_file), folder_.wide_path() + L"\\debug.log");
 }
 
 TEST_F(StartupTest, LeavesTheLogFileToCefWhenItCannotBeAskedFor) {

@@ -142,6 +142,11 @@ TEST(LockFile, IsNotRecognisedByAProcessWhoseProgramHasANameBeyondAscii) {
   holder.Kill();
 }
 
+TEST(LockFile, NamesNobodyWhenItIsGone) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(ReadLockFile(folder / "cef.lock"), LockRecord());
+}
+
 TEST(RemoveStaleLock, DeletesTheLockThatWasFoundStale) {
   const TemporaryFolder folder;
   SetContent(folder / "cef.lock", "PID:1\n");
