@@ -59,9 +59,13 @@ class Prefix:
 
     def wine(self, *arguments):
         """The exit status and the output of a program under Wine."""
-        done = subprocess.run(
-            ["wine", *arguments], env=self.environment, timeout=120, text=True, errors="replace",
-            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+        for _ in range(2):
+            done = subprocess.run(
+                ["wine", *arguments], env=self.environment, timeout=120, text=True,
+                errors="replace", stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+            # Wine now and then ends a program before it begins; see cmake/run-wine.
+            if done.returncode != 1 or done.stdout:
+                break
         return done.returncode, done.stdout
 
     def stop(self):

@@ -22,8 +22,8 @@ def environment(prefix, display, extra=None):
         **os.environ,
         "WINEPREFIX": str(prefix),
         "WINEARCH": "win64",
-        # What Wine itself has to complain about tells why a host ended without a word.
-        "WINEDEBUG": "fixme-all",
+        # Wine's own complaints may tell why a host ended without a word.
+        "WINEDEBUG": "-all,err+all",
         "WINEDLLOVERRIDES": "mscoree,mshtml,winemenubuilder.exe=",
         "DISPLAY": display,
     }

@@ -98,12 +98,15 @@ TEST_F(Registration, EndsForEveryHandlerOfTheBrowser) {
   Register(browser, handler);
   Register(browser, other_handler);
   NiceMock<MockHandler> third;
-  Register(other_browser, third);
+  Register(browser, third);
+  NiceMock<MockHandler> of_the_other;
+  Register(other_browser, of_the_other);
   Unregister(browser, handler);
   EXPECT_EQ(handler.references(), 0U);
   EXPECT_EQ(other_handler.references(), 0U);
-  EXPECT_EQ(third.references(), 1U);
-  EXPECT_EQ(Reached(third, second_window), 1);
+  EXPECT_EQ(third.references(), 0U);
+  EXPECT_EQ(of_the_other.references(), 1U);
+  EXPECT_EQ(Reached(of_the_other, second_window), 1);
 }
 
 TEST_F(Registration, EndsForTheHandlerAndForTheOtherBrowsersHandlers) {
