@@ -52,9 +52,10 @@ class kzCefInstance final : public kzCefClientHandler::Delegate {
   // browser that comes later unless its width or height is zero.
   void SetRectangle(const CefRect& rectangle);
 
-  // Offers `object` to the page under a script name, or withdraws it. Must be called in the
-  // apartment of `object`, which is marshalled to the page's process. 0, and nothing is sent,
-  // without a browser or when `object` cannot be marshalled; else 1.
+  // Offers `object` to the page under a script name, or withdraws it. The object is marshalled to
+  // the page's process by the calling thread: the host's, or CEF's UI thread for the handlers that
+  // a browser object kept. 0, and nothing is sent, without a browser or when `object` is null or
+  // cannot be marshalled; else 1.
   int AddJSHandler(const CefString& name, IUnknown* object);
   int RemoveJSHandler(const CefString& name, IUnknown* object);
   int RegisterScriptObject(ScriptObjectMode mode, const CefString& name, IUnknown* object);
