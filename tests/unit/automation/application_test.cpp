@@ -4,6 +4,8 @@
 
 #include "automation/settings.h"
 #include "automation_test.h"
+#include "bridge/init_cef_runtime.h"
+#include "bridge/kz_cef_bridge_impl.h"
 #include "com/module.h"
 #include "recording_cef/recording_cef.h"
 #include "utils/process_settings.h"
@@ -103,6 +105,14 @@ TEST_F(Application, DoesNotTryAFailedStartAgain) {
   EXPECT_EQ(application->InitCef(nullptr, Settings().Get()), S_OK);
   EXPECT_EQ(cef.initializations.size(), 1U);
   EXPECT_EQ(KZCEFCom::Get()->bridge(), nullptr);
+}
+
+TEST_F(Application, LeavesNobodyElseASecondStart) {
+  cef.initialize_result = false;
+  EXPECT_EQ(InitCefRuntime(nullptr, Settings().Get()), nullptr);
+  cef.initialize_result = true;
+  EXPECT_EQ(InitCefRuntime(nullptr, Settings().Get()), nullptr);
+  EXPECT_EQ(cef.initializations.size(), 1U);
 }
 
 TEST_F(Application, TakesMissingSettingsForAFailedStart) {

@@ -16,6 +16,7 @@
 #include "temporary_folder.h"
 #include "utils/handles.h"
 #include "utils/kzcefwrapperutils.h"
+#include "utils/path_text.h"
 #include "utils/process_settings.h"
 
 namespace kzcef {
@@ -133,6 +134,21 @@ TEST_F(StartupTest, GoesOnWithTheHostsSettingsWhenNoDirectoryCanBeHad) {
   EXPECT_EQ(TextOf(TheInitialization().settings.log_file), L"");
   EXPECT_EQ(CachePath(), settings_.texts["CachePath"]);
   EXPECT_EQ(settings_.reads, PropertiesInOrder());
+}
+
+TEST_F(StartupTest, GoesOnWithoutADirectoryWhenAllFiftyOneAreHeld) {
+  std::vector<UniqueHandle> writers;
+  for (const std::string& candidate : CacheCandidates(folder_.path(), GetExecutableStem())) {
+    CreateDirectoryW(Utf8ToWide(candidate).c_str(), nullptr);
+    writers.push_back(
+        FileHandle(CreateFileW(Utf8ToWide(candidate + "\\cef.lock").c_str(), GENERIC_WRITE, 0,
+                               nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr)));
+    ASSERT_TRUE(writers.back()) << candidate;
+  }
+  EXPECT_EQ(writers.size(), 51U);
+  EXPECT_TRUE(StartCefRuntime(nullptr, &settings_));
+  EXPECT_EQ(TextOf(TheInitialization().settings.cache_path), folder_.wide_path());
+  EXPECT_EQ(ChosenCacheDirectory(), "");
 }
 
 TEST_F(StartupTest, ReplacesTheTableOfSwitchesByTheHosts) {
