@@ -41,6 +41,8 @@ UNSTEADY = {"DriverDateData"}
 # Where Wine's debugger keeps its settings. It appears when a service program of Wine's own is ended
 # while it starts; the programs that a case runs tell by their exit status how they fared.
 UNSTEADY_KEY = "hkcu\\software\\wine\\winedbg"
+# Starts a program once more that Wine ended before it began.
+RUN_WINE = pathlib.Path(__file__).resolve().parents[2] / "cmake" / "run-wine"
 HIVES = {"system.reg": "HKLM", "user.reg": "HKCU", "userdef.reg": "HKU\\.Default"}
 
 
@@ -59,13 +61,9 @@ class Prefix:
 
     def wine(self, *arguments):
         """The exit status and the output of a program under Wine."""
-        for _ in range(2):
-            done = subprocess.run(
-                ["wine", *arguments], env=self.environment, timeout=120, text=True,
-                errors="replace", stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
-            # Wine now and then ends a program before it begins; see cmake/run-wine.
-            if done.returncode != 1 or done.stdout:
-                break
+        done = subprocess.run(
+            [RUN_WINE, *arguments], env=self.environment, timeout=120, text=True, errors="replace",
+            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
         return done.returncode, done.stdout
 
     def stop(self):

@@ -6,6 +6,33 @@
 #include "include/wrapper/cef_helpers.h"
 
 namespace kzcef {
+namespace {
+
+// Whether a popup is not to be opened. Asks the host, and does with the URL what happens instead.
+bool RefusesPopup(const CefRefPtr<CefBrowser>& opener, const CefString& target_url) {
+  const std::wstring url = target_url.ToWString();
+  // The host sees a plain 1 here, not VARIANT_TRUE.
+  VARIANT_BOOL proceed = 1;
+  VARIANT_BOOL open_externally = VARIANT_FALSE;
+  RaiseContained(opener, [&](HostNotifications& host, HWND window) {
+    host.BeforePopupNotify(window, url, &open_externally, &proceed);
+  });
+  if (proceed == VARIANT_FALSE) {
+    return true;
+  }
+  if (open_externally != VARIANT_FALSE) {
+    OpenExternally(url);
+    return true;
+  }
+  // A page opens a blank window to print into it; its own browser's print dialogue serves better.
+  if (url.starts_with(L"about:blank")) {
+    opener->GetHost()->Print();
+    return true;
+  }
+  return false;
+}
+
+}  // namespace
 
 void kzCefClientHandler::OnAfterCreated(CefRefPtr<CefBrowser> browser) {
   CEF_REQUIRE_UI_THREAD();
@@ -70,31 +97,7 @@ bool kzCefClientHandler::OnBeforePopup(
     CefRefPtr<CefDictionaryValue>& /*extra_info*/,
     bool* /*no_javascript_access*/) {
   CEF_REQUIRE_UI_THREAD();
-  return Contained(
-      [&] {
-        const std::wstring url = target_url.ToWString();
-        // The host sees a plain 1 here, not VARIANT_TRUE.
-        VARIANT_BOOL proceed = 1;
-        VARIANT_BOOL open_externally = VARIANT_FALSE;
-        RaiseContained(browser, [&](HostNotifications& host, HWND window) {
-          host.BeforePopupNotify(window, url, &open_externally, &proceed);
-        });
-        if (proceed == VARIANT_FALSE) {
-          return true;
-        }
-        if (open_externally != VARIANT_FALSE) {
-          OpenExternally(url);
-          return true;
-        }
-        // A page opens a blank window to print into it; its own browser's print dialogue serves
-        // better.
-        if (url.starts_with(L"about:blank")) {
-          browser->GetHost()->Print();
-          return true;
-        }
-        return false;
-      },
-      /*otherwise=*/false);
+  return Contained([&] { return RefusesPopup(browser, target_url); }, /*otherwise=*/false);
 }
 
 }  // namespace kzcef

@@ -5,22 +5,22 @@
 namespace kzcef {
 
 std::optional<std::wstring> SettingsReader::Text(TextGetter getter) const {
-  const OwnedBstr text = Read(getter).text;
-  return text ? std::optional(std::wstring(text.get(), SysStringLen(text.get()))) : std::nullopt;
+  const auto text = Read(getter);
+  return text && *text ? std::optional(std::wstring(text->get(), SysStringLen(text->get())))
+                       : std::nullopt;
 }
 
 std::optional<std::wstring> SettingsReader::TextOrEmpty(TextGetter getter) const {
-  const Answer answer = Read(getter);
-  return answer.succeeded ? std::optional(std::wstring(answer.text ? answer.text.get() : L"",
-                                                       SysStringLen(answer.text.get())))
-                          : std::nullopt;
+  const auto text = Read(getter);
+  return text ? std::optional(std::wstring(*text ? text->get() : L"", SysStringLen(text->get())))
+              : std::nullopt;
 }
 
-SettingsReader::Answer SettingsReader::Read(TextGetter getter) const {
+std::optional<SettingsReader::OwnedBstr> SettingsReader::Read(TextGetter getter) const {
   BSTR text = nullptr;
   const bool succeeded = SUCCEEDED((settings_.*getter)(&text));
   OwnedBstr owned(text);
-  return {succeeded, succeeded ? std::move(owned) : nullptr};
+  return succeeded ? std::optional(std::move(owned)) : std::nullopt;
 }
 
 bool SettingsReader::Flag(FlagGetter getter) const {

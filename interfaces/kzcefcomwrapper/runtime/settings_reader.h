@@ -38,12 +38,9 @@ class SettingsReader {
     void operator()(OLECHAR* text) const { SysFreeString(text); }
   };
   using OwnedBstr = std::unique_ptr<OLECHAR, BstrFree>;
-  struct Answer {
-    bool succeeded;
-    OwnedBstr text;
-  };
 
-  Answer Read(TextGetter getter) const;
+  // Nothing when the getter fails.
+  std::optional<OwnedBstr> Read(TextGetter getter) const;
 
   IKZCEFComSettings& settings_;
 };

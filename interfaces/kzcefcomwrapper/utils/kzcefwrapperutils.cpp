@@ -107,11 +107,14 @@ bool WriteNewFile(const std::string& path, std::string_view content) {
   return true;
 }
 
+UniqueHandle OpenExistingFile(const std::wstring& path, DWORD access) {
+  return FileHandle(CreateFileW(path.c_str(), access,
+                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
 std::optional<std::string> ReadTextFile(const std::string& path) {
-  const UniqueHandle file =
-      FileHandle(CreateFileW(Utf8ToWide(path).c_str(), GENERIC_READ,
-                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                             OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const UniqueHandle file = OpenExistingFile(Utf8ToWide(path), GENERIC_READ);
   return file ? ReadText(file.get()) : std::nullopt;
 }
 

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "utils/handles.h"
+
 namespace kzcef {
 
 // Conversions between UTF-8 and UTF-16. What is not valid becomes U+FFFD.
@@ -38,6 +40,10 @@ bool PathExists(const std::string& path, bool want_directory);
 // meanwhile. On failure answers false, says why on the standard error stream and leaves what was
 // created.
 bool WriteNewFile(const std::string& path, std::string_view content);
+
+// Opens a file that is there, and keeps nobody from reading, writing, renaming or deleting it
+// meanwhile. Null, with the reason in GetLastError, when it cannot be opened.
+UniqueHandle OpenExistingFile(const std::wstring& path, DWORD access);
 
 // The whole file, or nothing when it cannot be opened or read. Keeps nobody from writing, renaming
 // or deleting the file meanwhile.

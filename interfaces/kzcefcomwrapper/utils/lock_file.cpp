@@ -12,13 +12,6 @@
 namespace kzcef {
 namespace {
 
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-UniqueHandle OpenExisting(const std::wstring& path, DWORD access) {
-  return FileHandle(CreateFileW(path.c_str(), access, kShareAll, nullptr, OPEN_EXISTING,
-                                FILE_ATTRIBUTE_NORMAL, nullptr));
-}
-
 [[noreturn]] void ThrowRemoveError(const std::wstring& path, DWORD error) {
   throw std::filesystem::filesystem_error(
       "remove", path, std::error_code(static_cast<int>(error), std::system_category()));
@@ -47,7 +40,7 @@ bool WriteLockFile(const std::string& path) {
 }
 
 std::optional<LockRecord> ReadLockFile(const std::string& path) {
-  const UniqueHandle file = OpenExisting(Utf8ToWide(path), GENERIC_READ);
+  const UniqueHandle file = OpenExistingFile(Utf8ToWide(path), GENERIC_READ);
   if (!file) {
     return GetLastError() == ERROR_SHARING_VIOLATION ? std::nullopt : std::optional(LockRecord());
   }
@@ -69,18 +62,18 @@ bool RemoveStaleLock(const std::string& path, const LockRecord& stale) {
   const std::wstring wide_path = Utf8ToWide(path);
   // Read and deleted through one handle, so that what is deleted is what was found stale and never
   // the new lock of a process that replaced it in between.
-  const UniqueHandle file = OpenExisting(wide_path, GENERIC_READ | DELETE);
+  const UniqueHandle file = OpenExistingFile(wide_path, GENERIC_READ | DELETE);
   if (!file) {
     const DWORD error = GetLastError();
     // A file on its way out cannot be opened at all; one that is merely protected still shows its
     // attributes.
     const bool is_gone =
         error == ERROR_FILE_NOT_FOUND ||
-        (error == ERROR_ACCESS_DENIED && !OpenExisting(wide_path, FILE_READ_ATTRIBUTES));
+        (error == ERROR_ACCESS_DENIED && !OpenExistingFile(wide_path, FILE_READ_ATTRIBUTES));
     // A process that was faster shares its new lock with nobody while it writes it.
     const bool is_replaced =
         error == ERROR_SHARING_VIOLATION &&
-        (!OpenExisting(wide_path, GENERIC_READ) || ReadLockFile(path) != std::optional(stale));
+        (!OpenExistingFile(wide_path, GENERIC_READ) || ReadLockFile(path) != std::optional(stale));
     if (is_gone || is_replaced) {
       return false;
     }

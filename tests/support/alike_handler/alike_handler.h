@@ -6,22 +6,14 @@
 #include <oaidl.h>
 
 #include "KZCEFComWrapper.h"
+#include "early_bound/early_bound.h"
 
 // Every notification answers what `HRESULT Handler::Noted()` does, and late-bound calls are
 // refused. What tells handlers apart, identity and life among it, is the derived class's. Any
 // thread.
 template <typename Handler>
-class AlikeHandler : public IKZCEFComBrowserHandler3 {
+class AlikeHandler : public EarlyBound<IKZCEFComBrowserHandler3> {
  public:
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-    return E_NOTIMPL;
-  }
-  HRESULT STDMETHODCALLTYPE
-  Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-    return E_NOTIMPL;
-  }
   HRESULT STDMETHODCALLTYPE AddressChangeNotify(BSTR) override { return Noted(); }
   HRESULT STDMETHODCALLTYPE BeforePopupNotify(BSTR, VARIANT_BOOL*, VARIANT_BOOL*) override {
     return Noted();

@@ -6,12 +6,13 @@
 #include <oaidl.h>
 
 #include "KZCEFComWrapper.h"
+#include "early_bound/early_bound.h"
 
 namespace kzcef::testing {
 
 // Owned by the test and not by its references, which it only counts, as it does the questions for
 // its interface.
-class ForeignBrowser final : public IKZCEFComBrowser {
+class ForeignBrowser final : public EarlyBound<IKZCEFComBrowser> {
  public:
   explicit ForeignBrowser(HWND window) : window_(window) {}
   virtual ~ForeignBrowser() = default;
@@ -34,15 +35,6 @@ class ForeignBrowser final : public IKZCEFComBrowser {
   }
   ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++references); }
   ULONG STDMETHODCALLTYPE Release() override { return static_cast<ULONG>(--references); }
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-    return E_NOTIMPL;
-  }
-  HRESULT STDMETHODCALLTYPE
-  Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-    return E_NOTIMPL;
-  }
 
   HRESULT STDMETHODCALLTYPE GetWindowHandle(INT64* window) override {
     *window = reinterpret_cast<INT64>(window_);

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "KZCEFComWrapper.h"
+#include "early_bound/early_bound.h"
 
 namespace kzcef::testing {
 
@@ -21,7 +22,7 @@ MATCHER_P(IsBstr, text, "") {
 
 // Owned by the test and not by its references, which it only counts. Answers the handler interfaces
 // up to the `newest`.
-class MockHandler : public IKZCEFComBrowserHandler3 {
+class MockHandler : public EarlyBound<IKZCEFComBrowserHandler3> {
  public:
   explicit MockHandler(int newest = 3) : newest_(newest) {}
   virtual ~MockHandler() = default;
@@ -41,16 +42,6 @@ class MockHandler : public IKZCEFComBrowserHandler3 {
   }
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
   ULONG STDMETHODCALLTYPE Release() override { return --references_; }
-
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-    return E_NOTIMPL;
-  }
-  HRESULT STDMETHODCALLTYPE
-  Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-    return E_NOTIMPL;
-  }
 
   MOCK_METHOD(HRESULT, AddressChangeNotify, (BSTR), (override));
   MOCK_METHOD(HRESULT, BeforePopupNotify, (BSTR, VARIANT_BOOL*, VARIANT_BOOL*), (override));

@@ -10,12 +10,13 @@
 #include <string>
 #include <vector>
 
+#include "early_bound/early_bound.h"
 #include "runtime/command_line_source.h"
 
 namespace kzcef {
 
 // Lives on the test's stack and does not count its references.
-class FakeSettings final : public ICommandLineSource {
+class FakeSettings final : public EarlyBound<ICommandLineSource> {
  public:
   virtual ~FakeSettings() = default;
 
@@ -36,15 +37,6 @@ class FakeSettings final : public ICommandLineSource {
   ULONG STDMETHODCALLTYPE Release() override { return 1; }
   HRESULT STDMETHODCALLTYPE CopyCommandLineArgs(CommandLineArgs* args) override;
 
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-    return E_NOTIMPL;
-  }
-  HRESULT STDMETHODCALLTYPE
-  Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-    return E_NOTIMPL;
-  }
   HRESULT STDMETHODCALLTYPE AddCefCommandLineArg(BSTR, BSTR) override { return E_NOTIMPL; }
 
 #define KZ_FAKE_PROPERTY(Type, Name)                           \
