@@ -360,6 +360,9 @@ CefRefPtr<CefFrame> BrowserCore::FrameFor(const std::string& frame_id) {
 
 void BrowserCore::OnLoadingChanged(bool loading) {
   ChangeState([&](State& state) { state.loading = loading; });
+  if (!loading) {
+    view_.OnPageLoaded();
+  }
   const State now = state();
   if (const auto handler = client_ ? client_->GetLoadHandler() : nullptr) {
     handler->OnLoadingStateChange(browser_, loading, now.can_go_back, now.can_go_forward);

@@ -17,10 +17,8 @@ namespace {
 // old one: five seconds in all.
 constexpr int kRepaintsPerSize = 100;
 constexpr std::chrono::milliseconds kRepaintPause{50};
-// The browser drops frames while this many are not acknowledged, and does not make up for the last.
-constexpr int kFramesInFlight = 3;
-// Longer than the busiest page's pause between frames, shorter than a text cursor's blink.
-constexpr std::chrono::milliseconds kRest{400};
+// Longer than half a text cursor's period: while one blinks, each frame makes up for a lost one.
+constexpr std::chrono::milliseconds kRest{600};
 
 }  // namespace
 
@@ -91,11 +89,10 @@ void PageView::SendSize() {
 }
 
 void PageView::OnFrame(const Json& params) {
-  ++frames_seen_;
   // Decoded beside the UI thread; the acknowledgement, which asks for the next frame, waits for
   // that, so that a busy page cannot pile frames up.
   PostToBackground([self = self_, data = TextField(params, "data"),
-                    frame_session = IntField(params, "sessionId"), number = frames_seen_] {
+                    frame_session = IntField(params, "sessionId"), number = rest_.CountFrame()] {
     std::optional<DecodedImage> image = DecodePngOrJpeg(DecodeBase64(data));
     auto shared = std::make_shared<std::optional<DecodedImage>>(std::move(image));
     PostToUi([self, shared, frame_session, number] {
@@ -105,20 +102,24 @@ void PageView::OnFrame(const Json& params) {
       }
       view->session_.Send("Page.screencastFrameAck", {{"sessionId", frame_session}});
       view->ShowFrame(std::move(*shared));
-      view->RunLater(kRest, [number](PageView& later) { later.OnRestAfter(number); });
+      view->WatchRest(number);
     });
   });
 }
 
-void PageView::OnRestAfter(int frame) {
-  if (frame != frames_seen_) {
-    return;
-  }
-  const int in_a_row = frame - frames_before_rest_;
-  frames_before_rest_ = frame;
-  if (in_a_row >= kFramesInFlight) {
+void PageView::OnPageLoaded() {
+  WatchRest(rest_.ExpectFrame());
+}
+
+void PageView::AskAfterRest(int frame) {
+  if (painting_ && !hidden_ && rest_.AskAfterRest(frame)) {
     Repaint();
+    WatchRest(frame);
   }
+}
+
+void PageView::WatchRest(int frame) {
+  RunLater(kRest, [frame](PageView& later) { later.AskAfterRest(frame); });
 }
 
 void PageView::RunLater(std::chrono::milliseconds delay, std::function<void(PageView&)> task) {

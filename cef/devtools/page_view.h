@@ -9,6 +9,7 @@
 #include <string>
 
 #include "devtools/page_session.h"
+#include "devtools/painting_rest.h"
 #include "devtools/view/view_window.h"
 #include "include/internal/cef_win.h"
 
@@ -55,6 +56,8 @@ class PageView : private ViewWindow::Delegate {
   void SetHidden(bool hidden);
   /// Has the page painted anew.
   void Repaint();
+  /// The page has finished loading: its picture is made sure of.
+  void OnPageLoaded();
   /// Shows the page's content larger by this factor, as a browser's zoom does.
   void SetZoom(double factor);
 
@@ -62,9 +65,10 @@ class PageView : private ViewWindow::Delegate {
   void SendSize();
   void StartFrames();
   void ShowFrame(std::optional<DecodedImage> image);
-  /// A while after a frame was shown: if it was the last one of several, the page's last painting
-  /// may be missing among them.
-  void OnRestAfter(int frame);
+  /// A while from now, asks for the page's picture if `rest_` says so about the frame of this
+  /// number.
+  void WatchRest(int frame);
+  void AskAfterRest(int frame);
   /// Runs a task on the UI thread if the view still has its window then.
   void RunLater(std::chrono::milliseconds delay, std::function<void(PageView&)> task);
 
@@ -83,9 +87,7 @@ class PageView : private ViewWindow::Delegate {
   double zoom_ = 1.0;
   /// How often a frame of the right size may still be asked for.
   int repaints_left_ = 0;
-  /// The frames that have come so far, and those that had before the page last came to rest.
-  int frames_seen_ = 0;
-  int frames_before_rest_ = 0;
+  PaintingRest rest_;
   /// Tells a picture that comes back from decoding whether the view is still the same.
   std::shared_ptr<PageView*> self_;
 };
