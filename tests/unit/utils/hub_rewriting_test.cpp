@@ -1,0 +1,229 @@
+// Requests on their way through the hub. Each test is a process of its own: what is bound stays.
+#include <windows.h>
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "hub_plan.h"
+#include "temporary_folder.h"
+#include "utils/hub_connector.h"
+#include "utils/kzcefwrapperutils.h"
+#include "utils/process_settings.h"
+
+namespace kzcef {
+namespace {
+
+constexpr wchar_t kConnectors[] = L"SOFTWARE\\Velmora\\Q9_Common\\zMOD_Connectors";
+
+struct KeyCloser {
+  void operator()(HKEY key) const { RegCloseKey(key); }
+};
+using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
+
+Key CreateKey(HKEY parent, const std::wstring& name) {
+  HKEY key = nullptr;
+  EXPECT_EQ(
+      RegCreateKeyExW(parent, name.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr),
+      ERROR_SUCCESS);
+  return Key(key);
+}
+
+std::wstring InstalledLibrary() {
+  return std::wstring(KZ_HUB_INSTALLATION) + L"\\win_b64\\UKZC\\VLMCommHubUtils.dll";
+}
+
+// With the machine's part of the registry replaced by an empty place of the process's own.
+class HubRewriting : public ::testing::Test {
+ protected:
+  HubRewriting() {
+    EXPECT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine_.get()), ERROR_SUCCESS);
+    SetConfiguredHubPort(8080);
+  }
+  ~HubRewriting() override {
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+    machine_.reset();
+    RegDeleteTreeW(HKEY_CURRENT_USER, place_.c_str());
+  }
+
+  void SetPath(const std::wstring& path, DWORD type = REG_SZ) {
+    const Key key = CreateKey(machine_.get(), kConnectors);
+    EXPECT_EQ(
+        RegSetValueExW(key.get(), L"Path", 0, type, reinterpret_cast<const BYTE*>(path.c_str()),
+                       static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t))),
+        ERROR_SUCCESS);
+  }
+
+  // Installs the hub and answers the plan of its library.
+  kzhub::Plan& Install() {
+    SetPath(KZ_HUB_INSTALLATION);
+    const HMODULE library = LoadLibraryW(InstalledLibrary().c_str());
+    EXPECT_TRUE(library);
+    return *reinterpret_cast<kzhub::Plan* (*)()>(GetProcAddress(library, "hubPlan"))();
+  }
+
+  static CefRefPtr<CefRequest> Request(const std::string& url) {
+    CefRefPtr<CefRequest> request = CefRequest::Create();
+    request->SetURL(url);
+    return request;
+  }
+  static std::string Rewritten(const std::string& url) {
+    const CefRefPtr<CefRequest> request = Request(url);
+    RewriteRequestForHub(request);
+    return request->GetURL().ToString();
+  }
+
+ private:
+  const std::wstring place_ =
+      L"Software\\KZCEFComWrapperHubTest" + std::to_wstring(GetCurrentProcessId());
+  Key machine_ = CreateKey(HKEY_CURRENT_USER, place_);
+};
+
+TEST_F(HubRewriting, FindsTheLibraryBelowTheRegisteredFolder) {
+  EXPECT_EQ(GetHubUtilsPath(), L"");
+  SetPath(L"C:\\Hub");
+  EXPECT_EQ(GetHubUtilsPath(), L"C:\\Hub\\win_b64\\UKZC\\VLMCommHubUtils.dll");
+}
+
+TEST_F(HubRewriting, FindsNoLibraryWithoutTheValue) {
+  CreateKey(HKEY_LOCAL_MACHINE, kConnectors);
+  EXPECT_EQ(GetHubUtilsPath(), L"");
+}
+
+TEST_F(HubRewriting, TakesAFolderOfAnyValueType) {
+  SetPath(L"C:\\Hub", REG_BINARY);
+  EXPECT_EQ(GetHubUtilsPath(), L"C:\\Hub\\win_b64\\UKZC\\VLMCommHubUtils.dll");
+}
+
+TEST_F(HubRewriting, FindsNoLibraryBelowAFolderThatIsTooLong) {
+  SetPath(std::wstring(260, L'x'));
+  EXPECT_EQ(GetHubUtilsPath(), L"");
+  SetPath(std::wstring(259, L'x'));
+  EXPECT_EQ(GetHubUtilsPath(), std::wstring(259, L'x') + L"\\win_b64\\UKZC\\VLMCommHubUtils.dll");
+}
+
+TEST_F(HubRewriting, LeavesRequestsAloneWhileTheHubIsOff) {
+  SetConfiguredHubPort(-1);
+  kzhub::Plan& plan = Install();
+  plan.url = "http://hub/";
+  EXPECT_EQ(Rewritten("https://host:443/path"),
+            Request("https://host:443/path")->GetURL().ToString());
+  EXPECT_EQ(plan.calls, 0);
+}
+
+TEST_F(HubRewriting, DropsADefaultPortAlsoWithoutALibrary) {
+  EXPECT_EQ(Rewritten("https://host:443/path?q#f"), "https://host/path?q#f");
+  EXPECT_EQ(Rewritten("http://host:80/"), "http://host/");
+  EXPECT_EQ(Rewritten("http://host:8080/"), "http://host:8080/");
+  EXPECT_EQ(Rewritten("http://host:443/"), "http://host:443/");
+  EXPECT_EQ(Rewritten("https://host:80/"), "https://host:80/");
+}
+
+TEST_F(HubRewriting, TakesTheUrlOfTheLibrary) {
+  kzhub::Plan& plan = Install();
+  plan.url = "http://127.0.0.1:8080/through?to=host";
+  EXPECT_EQ(Rewritten("https://host:443/path"), "http://127.0.0.1:8080/through?to=host");
+  EXPECT_STREQ(plan.asked, "https://host/path");
+  EXPECT_EQ(plan.urls_back, 1);
+}
+
+TEST_F(HubRewriting, KeepsTheUrlForANullPointer) {
+  kzhub::Plan& plan = Install();
+  EXPECT_EQ(Rewritten("https://host/path"), "https://host/path");
+  EXPECT_EQ(plan.calls, 1);
+}
+
+TEST_F(HubRewriting, ClearsTheUrlForAnEmptyText) {
+  kzhub::Plan& plan = Install();
+  plan.url = "";
+  CefString url("https://host/path");
+  TransformUrlForHub(url, Request("https://host/path"));
+  EXPECT_TRUE(url.empty());
+}
+
+TEST_F(HubRewriting, SetsTheHeadersThatAreLines) {
+  kzhub::Plan& plan = Install();
+  const std::vector<const char*> lines = {"X-Hub:  one two \t", "no colon", "Link: http://a/",
+                                          nullptr, "X-Kept: new"};
+  plan.headers = lines.data();
+  plan.header_count = static_cast<int>(lines.size());
+  const CefRefPtr<CefRequest> request = Request("https://host/");
+  request->SetHeaderByName("X-Kept", "old", true);
+  RewriteRequestForHub(request);
+  EXPECT_EQ(request->GetHeaderByName("X-Hub"), "one two");
+  EXPECT_EQ(request->GetHeaderByName("X-Kept"), "new");
+  EXPECT_EQ(request->GetHeaderByName("Link"), "");
+  CefRequest::HeaderMap headers;
+  request->GetHeaderMap(headers);
+  EXPECT_EQ(headers.size(), 2U);
+  EXPECT_EQ(plan.headers_given, 1);
+  EXPECT_EQ(plan.headers_back, 1);
+}
+
+TEST_F(HubRewriting, TakesNothingWithoutTheFlagButGivesEverythingBack) {
+  kzhub::Plan& plan = Install();
+  const std::vector<const char*> lines = {"X-Hub: one"};
+  plan.url = "http://hub/";
+  plan.headers = lines.data();
+  plan.header_count = 1;
+  plan.flag = 0;
+  const CefRefPtr<CefRequest> request = Request("https://host:443/");
+  RewriteRequestForHub(request);
+  EXPECT_EQ(request->GetURL(), "https://host/");
+  EXPECT_EQ(request->GetHeaderByName("X-Hub"), "");
+  EXPECT_EQ(plan.urls_given, 1);
+  EXPECT_EQ(plan.urls_back, 1);
+  EXPECT_EQ(plan.headers_back, 1);
+}
+
+TEST_F(HubRewriting, SurvivesACountWithoutLines) {
+  kzhub::Plan& plan = Install();
+  plan.header_count = 3;
+  EXPECT_EQ(Rewritten("https://host/"), "https://host/");
+  plan.header_count = -1;
+  EXPECT_EQ(Rewritten("https://host/"), "https://host/");
+}
+
+TEST_F(HubRewriting, LooksForTheLibraryAgainAfterAFailure) {
+  EXPECT_EQ(Rewritten("https://host/"), "https://host/");
+  SetPath(L"Q:\\nowhere");
+  EXPECT_EQ(Rewritten("https://host/"), "https://host/");
+  Install().url = "http://hub/";
+  EXPECT_EQ(Rewritten("https://host/"), "http://hub/");
+}
+
+TEST_F(HubRewriting, DoesNotLookAgainOnceTheLibraryIsBound) {
+  Install().url = "http://hub/";
+  EXPECT_EQ(Rewritten("https://host/"), "http://hub/");
+  SetPath(L"Q:\\nowhere");
+  EXPECT_EQ(Rewritten("https://host/"), "http://hub/");
+}
+
+TEST_F(HubRewriting, LeavesRequestsAloneWhereTheLibraryHasNoSuchExport) {
+  const TemporaryFolder folder;
+  const std::wstring below = folder.wide_path() + L"\\win_b64\\UKZC";
+  ASSERT_TRUE(CreateDirectoryW((folder.wide_path() + L"\\win_b64").c_str(), nullptr));
+  ASSERT_TRUE(CreateDirectoryW(below.c_str(), nullptr));
+  wchar_t system[MAX_PATH] = {};
+  GetSystemDirectoryW(system, MAX_PATH);
+  ASSERT_TRUE(CopyFileW((std::wstring(system) + L"\\version.dll").c_str(),
+                        (below + L"\\VLMCommHubUtils.dll").c_str(), TRUE));
+  SetPath(folder.wide_path());
+  EXPECT_EQ(Rewritten("https://host:443/a"), "https://host/a");
+  EXPECT_EQ(Rewritten("https://host:443/b"), "https://host/b");
+}
+
+TEST_F(HubRewriting, LeavesAloneWhatIsNoUrl) {
+  kzhub::Plan& plan = Install();
+  plan.url = "http://hub/";
+  const CefRefPtr<CefRequest> request = CefRequest::Create();
+  RewriteRequestForHub(request);
+  EXPECT_EQ(request->GetURL(), "");
+  EXPECT_EQ(plan.calls, 0);
+}
+
+}  // namespace
+}  // namespace kzcef
