@@ -73,6 +73,7 @@ class KZCEFCom final : public HostNotifications {
   // HostNotifications:
   bool IsHostClosing() const override { return host_closing_.load(); }
   bool ExchangeProcessing(bool processing) override { return processing_.exchange(processing); }
+  bool IsAnyoneListening() const override { return !Snapshot()->empty(); }
   void AddressChangeNotify(HWND window, const std::wstring& new_address) override;
   void BeforeBrowseNotify(HWND window,
                           const std::wstring& request_url,

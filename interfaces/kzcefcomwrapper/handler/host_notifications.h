@@ -31,6 +31,9 @@ class HostNotifications {
   virtual bool IsHostClosing() const = 0;
   // Atomically sets whether a notification is under way, and answers what was set before.
   virtual bool ExchangeProcessing(bool processing) = 0;
+  // Whether any handler serves any browser: what comes with every request of a
+  // page need not be prepared for nobody.
+  virtual bool IsAnyoneListening() const = 0;
 
   virtual void AddressChangeNotify(HWND window, const std::wstring& new_address) = 0;
   virtual void BeforeBrowseNotify(HWND window,
@@ -92,17 +95,21 @@ std::shared_ptr<HostNotifications> CurrentHostNotifications();
 // Publishes (or, with null, withdraws) the dispatchers. Any thread.
 void PublishHostNotifications(std::shared_ptr<HostNotifications> notifications);
 
-// Raises one notification for `browser`: nothing without dispatchers or once the host is closing;
-// otherwise calls `raise(HostNotifications&, HWND)` with the browser's host window, with the
-// processing flag set for exactly that time, also when `raise` throws.
-// Answers whether `raise` was called.
+// Raises one notification for `browser`: nothing without a browser (CEF has none for a service
+// worker's requests) or dispatchers, or once the host is closing; otherwise calls
+// `raise(HostNotifications&, HWND)` with the browser's host window, with the processing flag set
+// for exactly that time, also when `raise` throws. Answers whether `raise` was called.
 template <typename Raise>
 bool RaiseNotification(const CefRefPtr<CefBrowser>& browser, Raise&& raise) {
   const std::shared_ptr<HostNotifications> host = CurrentHostNotifications();
-  if (!host || host->IsHostClosing()) {
+  if (!browser || !host || host->IsHostClosing()) {
     return false;
   }
-  const HWND window = browser->GetHost()->GetWindowHandle();
+  const CefRefPtr<CefBrowserHost> browser_host = browser->GetHost();
+  if (!browser_host) {
+    return false;
+  }
+  const HWND window = browser_host->GetWindowHandle();
   struct Processing {
     explicit Processing(HostNotifications& notifications) : notifications_(notifications) {
       notifications_.ExchangeProcessing(true);

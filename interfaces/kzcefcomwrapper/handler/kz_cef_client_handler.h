@@ -18,7 +18,8 @@ namespace kzcef {
 // the host's handlers, and decisions answered to CEF. A missing delegate, a missing host or one
 // that is closing is never an error: that part of a callback is left out.
 //
-// Callbacks arrive on CEF's UI thread unless CEF says otherwise. No error leaves a callback.
+// Callbacks arrive on CEF's UI thread, those of CefResourceRequestHandler and the getter of one on
+// its IO thread. No error leaves a callback.
 class kzCefClientHandler : public CefClient,
                            public CefContextMenuHandler,
                            public CefDisplayHandler,
@@ -101,6 +102,12 @@ class kzCefClientHandler : public CefClient,
   CefRefPtr<CefLifeSpanHandler> GetLifeSpanHandler() override;
   CefRefPtr<CefLoadHandler> GetLoadHandler() override;
   CefRefPtr<CefRequestHandler> GetRequestHandler() override;
+  // True for what the message router takes; false for every other message, the renderer's report on
+  // the focused node included.
+  bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser,
+                                CefRefPtr<CefFrame> frame,
+                                CefProcessId source_process,
+                                CefRefPtr<CefProcessMessage> message) override;
 
   // CefDisplayHandler
   // The owner hears of the main frame's address, the host of every frame's.
@@ -167,7 +174,63 @@ class kzCefClientHandler : public CefClient,
                    const CefString& failed_url) override;
 
   // CefRequestHandler
+  // True cancels the navigation: the host wants it so.
+  bool OnBeforeBrowse(CefRefPtr<CefBrowser> browser,
+                      CefRefPtr<CefFrame> frame,
+                      CefRefPtr<CefRequest> request,
+                      bool user_gesture,
+                      bool is_redirect) override;
+  CefRefPtr<CefResourceRequestHandler> GetResourceRequestHandler(
+      CefRefPtr<CefBrowser> browser,
+      CefRefPtr<CefFrame> frame,
+      CefRefPtr<CefRequest> request,
+      bool is_navigation,
+      bool is_download,
+      const CefString& request_initiator,
+      bool& disable_default_handling) override;
+  // Loads the browser's first URL again, unless it is the site that has just crashed.
+  void OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser, TerminationStatus status) override;
   void OnDocumentAvailableInMainFrame(CefRefPtr<CefBrowser> browser) override;
+
+  // CefResourceRequestHandler
+  CefRefPtr<CefCookieAccessFilter> GetCookieAccessFilter(CefRefPtr<CefBrowser> browser,
+                                                         CefRefPtr<CefFrame> frame,
+                                                         CefRefPtr<CefRequest> request) override;
+  // Prepares the request for the hub; the resource manager decides how it goes on.
+  ReturnValue OnBeforeResourceLoad(CefRefPtr<CefBrowser> browser,
+                                   CefRefPtr<CefFrame> frame,
+                                   CefRefPtr<CefRequest> request,
+                                   CefRefPtr<CefCallback> callback) override;
+  CefRefPtr<CefResourceHandler> GetResourceHandler(CefRefPtr<CefBrowser> browser,
+                                                   CefRefPtr<CefFrame> frame,
+                                                   CefRefPtr<CefRequest> request) override;
+  // The host may send the redirect elsewhere.
+  void OnResourceRedirect(CefRefPtr<CefBrowser> browser,
+                          CefRefPtr<CefFrame> frame,
+                          CefRefPtr<CefRequest> request,
+                          CefRefPtr<CefResponse> response,
+                          CefString& new_url) override;
+  // True restarts the request with another URL of the host's.
+  bool OnResourceResponse(CefRefPtr<CefBrowser> browser,
+                          CefRefPtr<CefFrame> frame,
+                          CefRefPtr<CefRequest> request,
+                          CefRefPtr<CefResponse> response) override;
+  CefRefPtr<CefResponseFilter> GetResourceResponseFilter(CefRefPtr<CefBrowser> browser,
+                                                         CefRefPtr<CefFrame> frame,
+                                                         CefRefPtr<CefRequest> request,
+                                                         CefRefPtr<CefResponse> response) override;
+  // Tells the host what a page posted to a federated search service.
+  void OnResourceLoadComplete(CefRefPtr<CefBrowser> browser,
+                              CefRefPtr<CefFrame> frame,
+                              CefRefPtr<CefRequest> request,
+                              CefRefPtr<CefResponse> response,
+                              URLRequestStatus status,
+                              int64_t received_content_length) override;
+  // Lets the operating system open the addresses of one music player.
+  void OnProtocolExecution(CefRefPtr<CefBrowser> browser,
+                           CefRefPtr<CefFrame> frame,
+                           CefRefPtr<CefRequest> request,
+                           bool& allow_os_execution) override;
 
  private:
   // Written once.

@@ -20,6 +20,8 @@ class MockHostNotifications : public HostNotifications {
     return processing.exchange(value);
   }
 
+  bool IsAnyoneListening() const override { return listening; }
+
   MOCK_METHOD(void, AddressChangeNotify, (HWND, const std::wstring&), (override));
   MOCK_METHOD(void,
               BeforeBrowseNotify,
@@ -55,6 +57,7 @@ class MockHostNotifications : public HostNotifications {
   MOCK_METHOD(void, ResourceResponseNotify, (HWND, BSTR*, VARIANT_BOOL*, long), (override));
 
   std::atomic<bool> closing = false;
+  std::atomic<bool> listening = true;
   std::atomic<bool> processing = false;
   // What the processing flag was set to, in order.
   std::vector<bool> exchanges;

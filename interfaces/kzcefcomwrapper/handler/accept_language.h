@@ -1,0 +1,11 @@
+// The engine's accept-language preference and the host's list.
+#pragma once
+
+namespace kzcef {
+
+// Makes the preference "intl.accept_languages" of the global request context, and so of every
+// browser of the process, the list of the host's settings, an empty one too. Leaves it alone when
+// the settings' list was given to the engine at start-up. A failure is ignored. UI thread.
+void AlignAcceptLanguages();
+
+}  // namespace kzcef

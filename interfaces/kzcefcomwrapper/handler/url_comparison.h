@@ -1,0 +1,11 @@
+// How the host's URL for a response is compared with the request's.
+#pragma once
+
+#include <string_view>
+
+namespace kzcef {
+
+// Whether two URLs are the same byte for byte, one "/" at the end of either left out of account.
+bool IsSameUrl(std::string_view first, std::string_view second);
+
+}  // namespace kzcef
