@@ -95,8 +95,9 @@ StepsRunner::Failure StepsRunner::RunStep(const Step& step) {
 StepsRunner::Failure StepsRunner::Answer(const Step& step) {
   Failure failure;
   if (BrowserSession* session = Session(step, failure)) {
-    session->answers().Set(step.Text("notification"), step.members.value("when", Json::object()),
-                           step.members.at("set"));
+    session->answers().Set(
+        step.Text("notification"), step.members.value("when", Json::object()),
+        {step.members.at("set"), std::chrono::milliseconds(step.Number("delay", 0))});
   }
   return failure;
 }

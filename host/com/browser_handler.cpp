@@ -43,11 +43,11 @@ class Exchange {
   const Json& arguments() const { return arguments_; }
 
   // Answers what was written.
-  Json Answer(const Json& answers) const {
+  Json Write(const Json& answers) const {
     Json written = Json::object();
     for (const Place& place : places_) {
       const auto answer = answers.find(place.name);
-      if (answer != answers.end() && Write(place, *answer)) {
+      if (answer != answers.end() && WriteOne(place, *answer)) {
         written[place.name] = *answer;
       }
     }
@@ -60,7 +60,7 @@ class Exchange {
     std::variant<BSTR*, VARIANT_BOOL*> where;
   };
 
-  static bool Write(const Place& place, const Json& answer) {
+  static bool WriteOne(const Place& place, const Json& answer) {
     if (BSTR* const* text = std::get_if<BSTR*>(&place.where)) {
       if (*text && answer.is_string()) {
         Replace(**text, answer.get_ref<const std::string&>());
@@ -310,7 +310,12 @@ class BrowserHandler final : public IKZCEFComBrowserHandler3 {
       notification.browser = browser_;
       notification.name = name;
       notification.arguments = exchange.arguments();
-      notification.answered = exchange.Answer(answers_->Find(name, exchange.arguments()));
+      const Answer answer = answers_->Find(name, exchange.arguments());
+      // A handler that is to take its time does so in the middle of the call, as a real one would.
+      if (answer.delay.count() > 0) {
+        Sleep(static_cast<DWORD>(answer.delay.count()));
+      }
+      notification.answered = exchange.Write(answer.arguments);
       notification.owner_window = owner_window_;
       notification.thread = GetCurrentThreadId();
       log_->Add(std::move(notification));

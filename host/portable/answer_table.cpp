@@ -6,19 +6,19 @@
 
 namespace kzhost {
 
-void AnswerTable::Set(const std::string& notification, Json conditions, Json answers) {
+void AnswerTable::Set(const std::string& notification, Json conditions, Answer answer) {
   const std::lock_guard lock(mutex_);
-  rules_.push_back({notification, std::move(conditions), std::move(answers)});
+  rules_.push_back({notification, std::move(conditions), std::move(answer)});
 }
 
-Json AnswerTable::Find(const std::string& notification, const Json& arguments) const {
+Answer AnswerTable::Find(const std::string& notification, const Json& arguments) const {
   const std::lock_guard lock(mutex_);
   for (auto rule = rules_.rbegin(); rule != rules_.rend(); ++rule) {
     if (rule->notification == notification && MatchesArguments(arguments, rule->conditions)) {
-      return rule->answers;
+      return rule->answer;
     }
   }
-  return Json::object();
+  return {};
 }
 
 }  // namespace kzhost

@@ -1,6 +1,7 @@
 // What a handler answers in the in/out arguments of its notifications.
 #pragma once
 
+#include <chrono>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -9,23 +10,31 @@
 
 namespace kzhost {
 
+// How a handler behaves when its notification comes.
+struct Answer {
+  // What the in/out arguments become, by their names; the others stay as they come.
+  Json arguments = Json::object();
+  // How long the handler takes.
+  std::chrono::milliseconds delay{0};
+};
+
 // Written by the user-interface thread, read by the engine's threads: every member may be called
 // on any thread.
 class AnswerTable {
  public:
-  // From now on `notification`, when `conditions` hold for its arguments, is answered with the
-  // members of `answers`. Of several rules that hold the latest counts, alone; an empty `answers`
-  // leaves every argument as it comes.
-  void Set(const std::string& notification, Json conditions, Json answers);
+  // From now on `notification`, when `conditions` hold for its arguments, is answered with
+  // `answer`. Of several rules that hold the latest counts, alone; an empty answer leaves every
+  // argument as it comes.
+  void Set(const std::string& notification, Json conditions, Answer answer);
 
-  // The answers to give, an empty object for none.
-  Json Find(const std::string& notification, const Json& arguments) const;
+  // The answer to give, an empty one without a rule.
+  Answer Find(const std::string& notification, const Json& arguments) const;
 
  private:
   struct Rule {
     std::string notification;
     Json conditions;
-    Json answers;
+    Answer answer;
   };
 
   mutable std::mutex mutex_;

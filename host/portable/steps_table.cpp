@@ -13,6 +13,7 @@ constexpr MemberInfo kResult = {"hresult", MemberKind::kInteger};
 constexpr MemberInfo kAnswer[] = {{"notification", MemberKind::kText, kRequired},
                                   {"set", MemberKind::kObject, kRequired},
                                   {"when", MemberKind::kObject},
+                                  {"delay", MemberKind::kNumber},
                                   kBrowserMember};
 constexpr MemberInfo kBrowser[] = {{"name", MemberKind::kText, kRequired},
                                    {"url", MemberKind::kText},

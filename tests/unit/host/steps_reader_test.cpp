@@ -118,7 +118,7 @@ TEST(StepsReader, WaitKnowsTheNotificationsAndTheirArguments) {
 
 TEST(StepsReader, AnswersGoIntoInOutArgumentsOnly) {
   EXPECT_EQ(Complaint(R"({"do":"answer","notification":"BeforePopupNotify",)"
-                      R"("set":{"Continue":false,"Popup":true},"when":{"URL":"*"}})"),
+                      R"("set":{"Continue":false,"Popup":true},"when":{"URL":"*"},"delay":5})"),
             "");
   EXPECT_EQ(
       Complaint(R"({"do":"answer","notification":"BeforePopupNotify","set":{"URL":"http://a/"}})"),
