@@ -82,6 +82,35 @@ def test_crash_of_the_page_leaves_the_host_working(hosts, site, lasting):
     host.finish().succeeded()
 
 
+def crashes(hosts, site, lasting, before, *after):
+    """Runs a host whose page keeps a connection open when it has come to it, crashes it there and
+    goes on with the steps `after`."""
+    host = hosts.start([created(), loaded(), *before,
+                        do("waitFile", path="connected", timeout=40_000), load("chrome://crash"),
+                        do("waitFile", path="crashed", timeout=40_000), do("mark"), *after],
+                       url=site.url("/start.html"))
+    assert lasting.opened.wait(40)
+    (hosts.folder / "connected").touch()
+    assert lasting.closed.wait(40), "the page did not crash"
+    (hosts.folder / "crashed").touch()
+    return host.finish().succeeded()
+
+
+def test_crash_of_a_page_brings_the_first_one_back(hosts, site, lasting):
+    start = site.page("/start.html")
+    other = site.page("/other.html", f"<script>new EventSource('{lasting.url}')</script>")
+    crashes(hosts, site, lasting, [load(other), wait("AddressChangeNotify", NewAddress=other)],
+            wait("AddressChangeNotify", NewAddress=start), loaded())
+    assert site.paths().count("/start.html") == 2
+
+
+def test_crash_of_the_first_page_loads_nothing(hosts, site, lasting):
+    site.page("/start.html", f"<script>new EventSource('{lasting.url}')</script>")
+    other = site.page("/other.html")
+    crashes(hosts, site, lasting, [], load(other), wait("LoadEndNotify", httpStatus=200))
+    assert site.paths().count("/start.html") == 1
+
+
 def test_crash_of_the_page_and_then_the_end(hosts, site, lasting):
     url = site.page("/a.html", f"<script>new EventSource('{lasting.url}')</script>")
     host = hosts.start([created(), loaded(), do("waitFile", path="connected", timeout=40_000),

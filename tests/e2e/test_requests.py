@@ -1,0 +1,218 @@
+"""What the host decides about navigations, redirects and responses."""
+
+import threading
+import time
+
+import pytest
+
+from support.steps import created, do, load, loaded, pixel, script, wait
+
+
+def answer(notification, values, browser=None, delay=0, **when):
+    members = {"notification": notification, "set": values}
+    if when:
+        members["when"] = when
+    if delay:
+        members["delay"] = delay
+    return do("answer", **members, **({"browser": browser} if browser else {}))
+
+
+def test_cancelled_navigation_reaches_no_server(hosts, site):
+    start, blocked, other = (site.page(p) for p in ("/start.html", "/blocked.html", "/other.html"))
+    events = hosts.run([
+        created(), loaded(),
+        answer("BeforeBrowseNotify", {"cancelNavigation": True}, RequestURL=blocked),
+        load(blocked), wait("BeforeBrowseNotify", RequestURL=blocked),
+        script(f"location.href = '{blocked}?by=page'"),
+        answer("BeforeBrowseNotify", {"cancelNavigation": True}, RequestURL=blocked + "*"),
+        load(other), wait("AddressChangeNotify", NewAddress=other), loaded()],
+        url=start).succeeded()
+    assert [p for p in site.paths() if p.startswith("/blocked.html") and "by=page" not in p] == []
+    assert events.values("AddressChangeNotify", "NewAddress")[0] == start
+    assert blocked not in events.values("AddressChangeNotify", "NewAddress")
+    assert blocked not in events.values("BeforeResourceLoadNotify", "URLStr")
+
+
+def test_host_hears_of_a_pages_navigation_with_its_gesture(hosts, site):
+    site.page("/next.html")
+    start = site.page("/start.html", "<a href='/next.html' style='position:fixed;inset:0'>next</a>")
+    events = hosts.run([created(), loaded(), do("click", x=50, y=50),
+                        wait("BeforeBrowseNotify", RequestURL=site.url("/next.html"),
+                             UserGesture=True, IsRedirect=False), loaded()], url=start).succeeded()
+    first = events.notifications("BeforeBrowseNotify")[0]
+    assert (first["RequestURL"], first["UserGesture"]) == (start, False)
+
+
+def test_every_resource_is_told_with_its_type_before_it_is_asked_for(hosts, site):
+    site.raw("/part.js", b"fetch('/data.json')", "text/javascript")
+    site.raw("/style.css", b"", "text/css")
+    site.raw("/data.json", b"{}", "application/json")
+    site.page("/frame.html")
+    url = site.page("/page.html", "<script src='/part.js'></script><iframe src='/frame.html'>",
+                    head="<link rel='stylesheet' href='/style.css'>")
+    events = hosts.run([created(), loaded(),
+                        wait("BeforeResourceLoadNotify", URLStr="*/data.json")], url=url).succeeded()
+    told = {e["URLStr"]: e["requestTypeName"] for e in
+            events.notifications("BeforeResourceLoadNotify")}
+    assert told == {url: "MainFrame", site.url("/part.js"): "Script", site.url("/style.css"): "",
+                    site.url("/data.json"): "", site.url("/frame.html"): ""}
+    # The engine's two threads: decisions on navigations on one, everything about requests on another.
+    ui = {e["thread"] for e in events.notifications("BeforeBrowseNotify")}
+    io = {e["thread"] for e in events.notifications("BeforeResourceLoadNotify")}
+    assert len(ui) == len(io) == 1
+    assert ui != io
+
+
+def test_redirect_is_told_and_followed(hosts, site):
+    target = site.page("/target.html")
+    url = site.redirect("/away", "/target.html", 302)
+    events = hosts.run([created(), loaded()], url=url).succeeded()
+    told = events.one("ResourceRedirectNotify")
+    assert (told["OldURLStr"], told["NewURLStr"], told["StatusCode"]) == (url, target, 302)
+    assert [(e["RequestURL"], e["IsRedirect"]) for e in events.notifications("BeforeBrowseNotify")] \
+        == [(url, False), (target, True)]
+    assert events.values("AddressChangeNotify", "NewAddress") == [target]
+
+
+def test_host_sends_a_redirect_elsewhere(hosts, site):
+    site.page("/target.html")
+    elsewhere = site.page("/elsewhere.html")
+    url = site.redirect("/away", "/target.html", 301)
+    start = site.page("/start.html")
+    events = hosts.run([created(), loaded(),
+                        answer("ResourceRedirectNotify", {"NewURLStr": elsewhere}, OldURLStr=url),
+                        load(url), wait("AddressChangeNotify", NewAddress=elsewhere), loaded()],
+                       url=start).succeeded()
+    assert "/target.html" not in site.paths()
+    assert site.paths().count("/elsewhere.html") == 1
+    assert events.one("ResourceRedirectNotify")["StatusCode"] == 301
+
+
+@pytest.mark.parametrize("empties", [True, False])
+def test_redirect_stays_when_the_host_leaves_no_text(hosts, site, empties):
+    target = site.page("/target.html")
+    url = site.redirect("/away", "/target.html")
+    steps = [answer("ResourceRedirectNotify", {"NewURLStr": ""})] if empties else []
+    start = site.page("/start.html")
+    hosts.run([created(), loaded(), *steps, load(url),
+               wait("AddressChangeNotify", NewAddress=target)], url=start).succeeded()
+
+
+def fetched(path):
+    """Has the page fetch a text and report it to the site."""
+    return script(f"fetch('{path}').then(r => r.text()).then(t => fetch('/said?' + t))")
+
+
+def test_host_restarts_a_request_with_another_url(hosts, site):
+    site.raw("/first.txt", b"first", "text/plain")
+    site.raw("/second.txt", b"second", "text/plain")
+    start = site.page("/start.html")
+    host = hosts.start([
+        created(), loaded(),
+        answer("ResourceResponseNotify", {"URLStr": site.url("/second.txt"), "ModifyRequest": True},
+               URLStr=site.url("/first.txt")),
+        fetched("/first.txt"), wait("ResourceResponseNotify", URLStr=site.url("/said?second"))],
+        url=start)
+    events = host.finish().succeeded()
+    assert site.paths().count("/second.txt") == 1
+    assert "/said?second" in site.paths()
+    types = {e["URLStr"]: e["ResourceType"] for e in events.notifications("ResourceResponseNotify")}
+    assert types[start] == 0, "RT_MAIN_FRAME"
+    assert types[site.url("/first.txt")] == 13, "RT_XHR"
+
+
+@pytest.mark.parametrize("path, modify", [("/first.txt/", True), ("/second.txt", False),
+                                          ("", True)])
+def test_request_goes_on_without_another_url_that_counts(hosts, site, path, modify):
+    site.raw("/first.txt", b"first", "text/plain")
+    site.raw("/second.txt", b"second", "text/plain")
+    hosts.run([
+        created(), loaded(),
+        answer("ResourceResponseNotify",
+               {"URLStr": site.url(path) if path else "", "ModifyRequest": modify},
+               URLStr=site.url("/first.txt")),
+        fetched("/first.txt"), wait("ResourceResponseNotify", URLStr=site.url("/said?first"))],
+        url=site.page("/start.html")).succeeded()
+    assert site.paths().count("/first.txt") == 1
+    assert "/second.txt" not in site.paths()
+    assert "/first.txt/" not in site.paths()
+
+
+def test_host_restarts_a_navigation_with_another_url(hosts, site):
+    first, second = site.page("/first.html"), site.page("/second.html")
+    hosts.run([created(), loaded(),
+               answer("ResourceResponseNotify", {"URLStr": second, "ModifyRequest": True},
+                      URLStr=first),
+               load(first), wait("AddressChangeNotify", NewAddress=second), loaded()],
+              url=site.page("/start.html")).succeeded()
+
+
+def test_languages_of_the_settings_reach_the_page(hosts, site):
+    url = site.page("/page.html", "<script>fetch('/said?' + navigator.languages)</script>")
+    hosts.run([do("init", settings={"AcceptLanguageList": "de-CH,de,fr"}),
+               do("browser", name="b1", url=url), created(), loaded(),
+               wait("ResourceResponseNotify", URLStr=site.url("/said?*"))]).succeeded()
+    assert "/said?de-CH,de,fr" in site.paths()
+    language = site.wait_for("/page.html").headers["Accept-Language"]
+    assert language.startswith("de-CH,de;q=0.9,fr;q=0.8")
+
+
+def test_query_of_a_page_gets_no_answer_of_a_host(hosts, site):
+    url = site.page("/page.html", "<script>cefQuery({request: 'x', onFailure: (code, text) =>"
+                                  " fetch(`/failed?${code},${text}`)})</script>")
+    hosts.run([created(), loaded(), wait("BeforeResourceLoadNotify", URLStr="*/failed?*")],
+              url=url).succeeded()
+    assert "/failed?-1,The%20query%20has%20been%20canceled" in site.paths()
+
+
+def test_address_of_another_program_is_not_opened(hosts, site):
+    start = site.page("/start.html", "<script>location.href = 'nobody-opens-this:x'</script>")
+    other = site.page("/other.html")
+    events = hosts.run([created(), loaded(), load(other),
+                        wait("AddressChangeNotify", NewAddress=other)], url=start).succeeded()
+    assert events.values("AddressChangeNotify", "NewAddress") == [start, other]
+
+
+def test_slow_host_delays_requests_and_nothing_else(hosts, site):
+    """One browser's requests wait a second each; the other's page goes on being painted."""
+    site.raw("/slow.txt", b"", "text/plain")
+    blue, red = "#1030d0", "#d03010"
+    first = site.page("/first.html")
+    second = site.page("/second.html", f"<body style='background:{red}'>")
+    hosts.run([
+        do("init"), do("browser", name="b1", url=first), do("browser", name="b2", url=second),
+        created("b1"), created("b2"), loaded("b1"), loaded("b2"),
+        pixel(700, 500, red, "b2"),
+        answer("BeforeResourceLoadNotify", {}, "b1", delay=20_000, URLStr="*/slow.txt"),
+        script("fetch('/slow.txt')", "b1"),
+        # The handler has not answered yet when all this has happened.
+        script(f"document.body.style.background = '{blue}'; document.title = 'painted'", "b2"),
+        do("pixel", x=700, y=500, colour=blue, browser="b2", timeout=10_000),
+        do("resize", browser="b2", width=640, height=480),
+        do("pixel", x=600, y=440, colour=blue, browser="b2", timeout=10_000),
+        do("call", object="app", member="IsProcessingNotifications", args=[{"object": "b2"}],
+           equals=True),
+        wait("BeforeResourceLoadNotify", "b1", URLStr="*/slow.txt")]).succeeded()
+    site.wait_for("/slow.txt")
+
+
+def test_trace_has_every_step_of_a_request(hosts, site):
+    target = site.page("/target.html")
+    url = site.redirect("/away", "/target.html")
+    run = hosts.run([created(), loaded()], url=url, env={"CefLogEnabled": "1"})
+    run.succeeded()
+    beginning = "KZCEF: KZCEF Trace: "
+    traced = [line[len(beginning):] for line in run.output.splitlines()
+              if line.startswith(beginning) and (url in line or target in line)]
+
+    def of(prefix, traced_url):
+        assert f"{prefix} : {traced_url}" in traced, traced
+        return traced.index(f"{prefix} : {traced_url}")
+    order = [of("OnBeforeBrowse", url), of("GetResourceRequestHandler", url),
+             of("OnBeforeResourceLoad(before)", url), of("OnBeforeResourceLoad(after)", url),
+             of("GetResourceHandler", url), of("OnResourceRedirect", target),
+             of("OnResourceResponse(2)", target), of("GetResourceResponseFilter", target),
+             of("OnResourceLoadComplete", target)]
+    assert order == sorted(order)
+    of("GetCookieAccessFilter", url)
+    of("OnBeforeBrowse", target)
