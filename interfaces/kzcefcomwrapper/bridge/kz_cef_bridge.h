@@ -51,8 +51,18 @@ class kzCefBridge {
   // The instance of the last StartBrowser, or null.
   virtual kzCefInstance* GetInstance() = 0;
   virtual void SetInstance(kzCefInstance* instance) = 0;
+  // Cookies are those of CEF's global store. What the reads answer belongs to the caller: a one-
+  // dimensional SAFEARRAY of BSTR from index 0, one cookie text (cookie_text.h) an element, or
+  // VT_EMPTY without any. A language cookie among what is read or written sets CookieLanguage.
+  // Their errors (std::out_of_range "invalid map<K, T> key", no memory, no thread) leave them.
+
+  // Comes before the two operations below, which without it find nothing and set nothing.
   virtual void PrepareCookieAccess() = 0;
+  // Asks for the cookies of `url` and answers those that have come by then: often none at first.
   virtual VARIANT GetUrlCookies(const wchar_t* url) = 0;
+  // Asks for a cookie to be stored: secure, for the session, sent along from every site. False for
+  // a text without members, and nothing is set; a text that has some, but not "name", "value" and
+  // "domain", throws std::out_of_range. True says nothing of what becomes of the cookie.
   virtual bool SetUrlCookies(const wchar_t* url, const wchar_t* cookie_json) = 0;
   // False without a browser.
   virtual bool Refresh(bool ignore_cache, kzCefInstance* instance) = 0;
@@ -64,6 +74,9 @@ class kzCefBridge {
                                  double width,
                                  double height,
                                  kzCefInstance* instance) = 0;
+  // The cookies of `url`, which must not be null, or all of them; waits for the store, in steps of
+  // 100 ms and without a time-out, until every cookie has come or no more can come. When none has
+  // come after the first step there are none. Not for CEF's own threads.
   virtual VARIANT GetCookiesSync(bool all_cookies, const wchar_t* url) = 0;
 
  protected:

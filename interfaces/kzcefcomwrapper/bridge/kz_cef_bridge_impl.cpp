@@ -1,3 +1,4 @@
+// Everything but cookies, which are in kz_cef_bridge_cookies.cpp.
 #include "bridge/kz_cef_bridge_impl.h"
 
 #include <cmath>
@@ -6,6 +7,7 @@
 #include <memory>
 #include <utility>
 
+#include "bridge/argument_text.h"
 #include "include/cef_app.h"
 #include "include/wrapper/cef_closure_task.h"
 #include "runtime/cache_directory.h"
@@ -15,10 +17,6 @@ namespace kzcef {
 namespace {
 
 kzCefBridgeImpl g_bridge;
-
-CefString ToCefString(const wchar_t* text) {
-  return text ? CefString(std::wstring(text)) : CefString();
-}
 
 // Toward zero. A number out of range becomes the nearest one in range, and no number becomes 0.
 int32_t TruncateToInt32(double value) {
@@ -32,12 +30,6 @@ int32_t TruncateToInt32(double value) {
     return std::numeric_limits<int32_t>::max();
   }
   return static_cast<int32_t>(value);
-}
-
-VARIANT EmptyVariant() {
-  VARIANT value;
-  VariantInit(&value);
-  return value;
 }
 
 }  // namespace
@@ -148,16 +140,6 @@ void kzCefBridgeImpl::SetInstance(kzCefInstance* instance) {
   current_instance_ = instance;
 }
 
-void kzCefBridgeImpl::PrepareCookieAccess() {}
-
-VARIANT kzCefBridgeImpl::GetUrlCookies(const wchar_t* /*url*/) {
-  return EmptyVariant();
-}
-
-bool kzCefBridgeImpl::SetUrlCookies(const wchar_t* /*url*/, const wchar_t* /*cookie_json*/) {
-  return false;
-}
-
 bool kzCefBridgeImpl::Refresh(bool ignore_cache, kzCefInstance* instance) {
   return instance && instance->Refresh(ignore_cache);
 }
@@ -187,10 +169,6 @@ bool kzCefBridgeImpl::ResizeBrowserRect(double x,
   instance->SetRectangle(CefRect(TruncateToInt32(x), TruncateToInt32(y), TruncateToInt32(width),
                                  TruncateToInt32(height)));
   return true;
-}
-
-VARIANT kzCefBridgeImpl::GetCookiesSync(bool /*all_cookies*/, const wchar_t* /*url*/) {
-  return EmptyVariant();
 }
 
 }  // namespace kzcef

@@ -1,6 +1,7 @@
 // The process's bridge between the automation objects and CEF.
 #pragma once
 
+#include "bridge/cookie_visitors.h"
 #include "bridge/kz_cef_bridge.h"
 #include "include/cef_cookie.h"
 
@@ -32,7 +33,6 @@ class kzCefBridgeImpl final : public kzCefBridge {
   bool ResizeBrowser(double width, double height, kzCefInstance* instance) override;
   kzCefInstance* GetInstance() override;
   void SetInstance(kzCefInstance* instance) override;
-  // Cookies are not served: nothing is prepared, reads find none and writes are refused.
   void PrepareCookieAccess() override;
   VARIANT GetUrlCookies(const wchar_t* url) override;
   bool SetUrlCookies(const wchar_t* url, const wchar_t* cookie_json) override;
@@ -48,9 +48,8 @@ class kzCefBridgeImpl final : public kzCefBridge {
  private:
   // Not counted; freed only by DestroyInstance.
   kzCefInstance* current_instance_ = nullptr;
-  // Freed in the reverse order: the manager before the visitor. Both stay null as long as cookies
-  // are not served.
-  CefRefPtr<CefCookieVisitor> cookie_visitor_;
+  // Freed in the reverse order: the manager before the visitor. Null until PrepareCookieAccess.
+  CefRefPtr<kzCefCookieVisitor> cookie_visitor_;
   CefRefPtr<CefCookieManager> cookie_manager_;
 };
 

@@ -62,7 +62,7 @@ template <typename Char>
 FlatJson<Char> ReadFlatJson(std::basic_string_view<Char> text) {
   constexpr auto kNone = std::basic_string_view<Char>::npos;
   FlatJson<Char> members;
-  std::basic_string_view<Char> rest = TrimBlanks(WithoutBraces(TrimBlanks(text)));
+  std::basic_string_view<Char> rest = WithoutBraces(TrimBlanks(text));
   // Once there is no colon left there is none behind it either: a long text without one is searched
   // once, not at every comma.
   bool has_colon = true;

@@ -18,6 +18,7 @@ struct Values {
   std::wstring cache_path;
   std::wstring language_resource_path;
   std::wstring accept_language_list;
+  std::wstring cookie_language;
   bool accept_language_overridden = false;
   int hub_port = -1;
 };
@@ -94,6 +95,14 @@ std::wstring AcceptLanguageList() {
 
 void SetAcceptLanguageList(std::wstring list) {
   Write(&Values::accept_language_list, std::move(list));
+}
+
+std::wstring CookieLanguage() {
+  return Read(&Values::cookie_language);
+}
+
+void SetCookieLanguage(std::wstring language) {
+  Write(&Values::cookie_language, std::move(language));
 }
 
 bool IsAcceptLanguageOverridden() {

@@ -36,6 +36,12 @@ void SetLanguageResourcePath(std::wstring path);
 std::wstring AcceptLanguageList();
 void SetAcceptLanguageList(std::wstring list);
 
+// The language that the host's web applications chose: the value of the last language cookie that
+// was read or written, empty as long as there was none. Whoever reads or writes cookies sets it, on
+// any thread.
+std::wstring CookieLanguage();
+void SetCookieLanguage(std::wstring language);
+
 // Whether the host's accept-language list stands as it is, so that navigations leave the engine's
 // preference alone. False until start-up sets it.
 bool IsAcceptLanguageOverridden();

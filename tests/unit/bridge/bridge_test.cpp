@@ -286,13 +286,6 @@ TEST_F(BridgeTest, KeepsTheLockWhenCefDoesNotShutDown) {
   EXPECT_EQ(runtime_.releases, 0);
 }
 
-TEST_F(BridgeTest, ServesNoCookies) {
-  bridge_.PrepareCookieAccess();
-  EXPECT_EQ(bridge_.GetUrlCookies(L"http://a.test/").vt, VT_EMPTY);
-  EXPECT_EQ(bridge_.GetCookiesSync(true, nullptr).vt, VT_EMPTY);
-  EXPECT_FALSE(bridge_.SetUrlCookies(L"http://a.test/", L"{\"name\":\"a\"}"));
-}
-
 TEST_F(BridgeTest, IsHandedOutByAStartThatSucceeds) {
   runtime_.start_result = true;
   EXPECT_EQ(InitCefRuntime(nullptr, nullptr), &BridgeSingleton());

@@ -16,6 +16,7 @@ TEST(ProcessSettings, StartEmpty) {
   EXPECT_EQ(CachePath(), L"");
   EXPECT_EQ(LanguageResourcePath(), L"");
   EXPECT_EQ(AcceptLanguageList(), L"");
+  EXPECT_EQ(CookieLanguage(), L"");
   EXPECT_FALSE(IsAcceptLanguageOverridden());
   EXPECT_EQ(ConfiguredHubPort(), -1);
 }
@@ -29,6 +30,14 @@ TEST(ProcessSettings, ReplaceTheTableOfSwitchesAsAWhole) {
 TEST(ProcessSettings, KeepTheHostKindAsGiven) {
   SetHostKind(L"kzxHARBOR");
   EXPECT_EQ(HostKind(), L"kzxHARBOR");
+}
+
+TEST(ProcessSettings, KeepTheLastLanguageOfACookie) {
+  SetAcceptLanguageList(L"it");
+  SetCookieLanguage(L"de");
+  SetCookieLanguage(L"fr");
+  EXPECT_EQ(CookieLanguage(), L"fr");
+  EXPECT_EQ(AcceptLanguageList(), L"it");
 }
 
 TEST(HostKinds, AreKnownInEveryLetterCase) {

@@ -1,0 +1,15 @@
+// The texts that the bridge is given, for CEF.
+#pragma once
+
+#include <string>
+
+#include "include/internal/cef_string.h"
+
+namespace kzcef {
+
+// A copy of a null-terminated text; null counts as empty.
+inline CefString ToCefString(const wchar_t* text) {
+  return text ? CefString(std::wstring(text)) : CefString();
+}
+
+}  // namespace kzcef

@@ -1,0 +1,14 @@
+// One cookie as hosts see it.
+#pragma once
+
+#include "com/text.h"
+#include "include/cef_cookie.h"
+
+namespace kzcef {
+
+// {"domain":"...","name":"...","value":"..."}, always these three in this order. The cookie's texts
+// stand in it as they are: hosts count on quotes, backslashes and control characters not being
+// escaped. Throws std::bad_alloc.
+UniqueBstr CookieText(const CefCookie& cookie);
+
+}  // namespace kzcef
