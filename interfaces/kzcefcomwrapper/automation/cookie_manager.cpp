@@ -1,40 +1,69 @@
 #include "automation/cookie_manager.h"
 
+#include "automation/cookie_array.h"
+#include "automation/kzcef_com.h"
+#include "bridge/kz_cef_bridge.h"
 #include "com/member.h"
 
 namespace kzcef {
 namespace {
 
-HRESULT NoCookies(VARIANT* cookies) {
-  return ComMember([&] {
+// A member that answers what `read` finds, and nothing when it throws: a missing member in the text
+// of a language cookie, above all.
+template <typename Read>
+HRESULT AnswerCookies(kzCefBridge* bridge, VARIANT* cookies, Read&& read) {
+  return UnfailingComMember([&] {
     if (cookies) {
       VariantInit(cookies);
     }
-    return S_OK;
+    if (!bridge) {
+      return;
+    }
+    VARIANT found = read(*bridge);
+    if (cookies) {
+      *cookies = found;
+    } else {
+      VariantClear(&found);
+    }
   });
 }
 
 }  // namespace
 
-HRESULT CKZCEFComCookieManager::GetUrlCookies(BSTR, VARIANT* cookies) {
-  return NoCookies(cookies);
+CKZCEFComCookieManager::CKZCEFComCookieManager() : bridge_(KZCEFCom::Get()->bridge()) {
+  if (bridge_) {
+    bridge_->PrepareCookieAccess();
+  }
 }
 
-HRESULT CKZCEFComCookieManager::SetUrlCookies(BSTR, VARIANT, VARIANT_BOOL* done) {
-  return ComMember([&] {
+HRESULT CKZCEFComCookieManager::GetUrlCookies(BSTR url, VARIANT* cookies) {
+  return AnswerCookies(bridge_, cookies,
+                       [&](kzCefBridge& bridge) { return bridge.GetUrlCookies(url); });
+}
+
+HRESULT CKZCEFComCookieManager::SetUrlCookies(BSTR url, VARIANT cookies, VARIANT_BOOL* done) {
+  return UnfailingComMember([&] {
     if (done) {
-      *done = VARIANT_FALSE;
+      *done = bridge_ ? VARIANT_TRUE : VARIANT_FALSE;
     }
-    return S_OK;
+    if (!bridge_) {
+      return;
+    }
+    ForEachCookieText(cookies, [&](BSTR text) {
+      // A text that is no cookie must not keep the others from being set.
+      UnfailingComLeafMember([&] { bridge_->SetUrlCookies(url, text); });
+    });
   });
 }
 
-HRESULT CKZCEFComCookieManager::GetUrlCookiesSync(BSTR, VARIANT* cookies) {
-  return NoCookies(cookies);
+HRESULT CKZCEFComCookieManager::GetUrlCookiesSync(BSTR url, VARIANT* cookies) {
+  return AnswerCookies(bridge_, cookies,
+                       [&](kzCefBridge& bridge) { return bridge.GetCookiesSync(false, url); });
 }
 
 HRESULT CKZCEFComCookieManager::GetAllCookiesSync(VARIANT* cookies) {
-  return NoCookies(cookies);
+  return AnswerCookies(bridge_, cookies,
+                       [](kzCefBridge& bridge) { return bridge.GetCookiesSync(true, nullptr); });
 }
 
 }  // namespace kzcef

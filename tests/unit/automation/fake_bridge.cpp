@@ -133,6 +133,28 @@ void FakeBridge::SetInstance(kzCefInstance* instance) {
   current_ = instance;
 }
 
+void FakeBridge::PrepareCookieAccess() {
+  Record("PrepareCookieAccess()");
+}
+
+VARIANT FakeBridge::GetUrlCookies(const wchar_t* url) {
+  Record(Call("GetUrlCookies", Text(url)));
+  return on_cookies_read();
+}
+
+bool FakeBridge::SetUrlCookies(const wchar_t* url, const wchar_t* cookie_json) {
+  Record(Call("SetUrlCookies", Text(url), Text(cookie_json)));
+  if (on_cookie_set) {
+    on_cookie_set(cookie_json);
+  }
+  return succeeds;
+}
+
+VARIANT FakeBridge::GetCookiesSync(bool all_cookies, const wchar_t* url) {
+  Record(Call("GetCookiesSync", all_cookies, Text(url)));
+  return on_cookies_read();
+}
+
 bool FakeBridge::Refresh(bool ignore_cache, kzCefInstance* instance) {
   Record(Call("Refresh", ignore_cache, Number(instance)));
   return succeeds && instance;

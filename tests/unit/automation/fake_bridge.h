@@ -34,8 +34,12 @@ class FakeBridge final : public kzCefBridge {
   std::function<void()> on_started;
   // Runs inside AddJSHandler, as the object's own code does while it is marshalled; may be empty.
   std::function<void()> on_script_handler;
+  // Answers the reads of cookies; may throw.
+  std::function<VARIANT()> on_cookies_read = [] { return VARIANT(); };
+  // Runs inside SetUrlCookies with the text; may be empty, and may throw.
+  std::function<void(const wchar_t*)> on_cookie_set;
   std::wstring current_url;
-  // The answer of LoadURL and Refresh where the instance has a browser.
+  // The answer of LoadURL and Refresh where the instance has a browser, and of SetUrlCookies.
   bool succeeds = true;
 
   bool Shutdown() override;
@@ -58,9 +62,9 @@ class FakeBridge final : public kzCefBridge {
   bool ResizeBrowser(double width, double height, kzCefInstance* instance) override;
   kzCefInstance* GetInstance() override;
   void SetInstance(kzCefInstance* instance) override;
-  void PrepareCookieAccess() override {}
-  VARIANT GetUrlCookies(const wchar_t*) override { return {}; }
-  bool SetUrlCookies(const wchar_t*, const wchar_t*) override { return false; }
+  void PrepareCookieAccess() override;
+  VARIANT GetUrlCookies(const wchar_t* url) override;
+  bool SetUrlCookies(const wchar_t* url, const wchar_t* cookie_json) override;
   bool Refresh(bool ignore_cache, kzCefInstance* instance) override;
   void DestroyInstance(kzCefInstance* instance) override;
   bool ResizeBrowserRect(double x,
@@ -68,7 +72,7 @@ class FakeBridge final : public kzCefBridge {
                          double width,
                          double height,
                          kzCefInstance* instance) override;
-  VARIANT GetCookiesSync(bool, const wchar_t*) override { return {}; }
+  VARIANT GetCookiesSync(bool all_cookies, const wchar_t* url) override;
 
  private:
   void Record(const std::string& call);

@@ -1,0 +1,19 @@
+// The cookie texts in a VARIANT that a host passes.
+#pragma once
+
+#include <windows.h>
+
+#include <oaidl.h>
+
+#include <functional>
+
+namespace kzcef {
+
+// Calls `visit` with each element of the one-dimensional SAFEARRAY of BSTR that `cookies` holds, in
+// the order of their indexes; elements may be null. The array may come by reference, also inside a
+// VARIANT by reference, as script engines pass their variables. It is locked meanwhile, so `visit`
+// must not throw. What the element type in the type tag says does not matter, what the array says
+// of itself does: an array of anything else, of several dimensions, or no array has no texts.
+void ForEachCookieText(const VARIANT& cookies, const std::function<void(BSTR)>& visit);
+
+}  // namespace kzcef
