@@ -6,6 +6,7 @@
 
 #include "com/dispatch_call.h"
 #include "com/variant_json.h"
+#include "cookie_steps.h"
 #include "input_steps.h"
 #include "portable/notification.h"
 #include "ui/screenshot.h"
@@ -57,6 +58,11 @@ StepsRunner::Failure StepsRunner::RunStep(const Step& step) {
       return Create(step);
     case Verb::kGet:
       return Get(step);
+    case Verb::kGetAllCookies:
+    case Verb::kGetCookies:
+    case Verb::kGetCookiesSync:
+    case Verb::kSetCookies:
+      return Cookies(step);
     case Verb::kGone:
       return Gone(step);
     case Verb::kInit:
@@ -169,6 +175,12 @@ StepsRunner::Failure StepsRunner::Close(const Step& step) {
     return "the window did not close";
   }
   return std::nullopt;
+}
+
+StepsRunner::Failure StepsRunner::Cookies(const Step& step) {
+  const CookieOutcome outcome = RunCookieStep(host_, step);
+  const Failure failure = Outcome(step, outcome.result, outcome.value);
+  return failure ? failure : outcome.complaint;
 }
 
 StepsRunner::Failure StepsRunner::Create(const Step& step) {

@@ -32,6 +32,7 @@ class StepsRunner {
   Failure Call(const Step& step);
   Failure Click(const Step& step);
   Failure Close(const Step& step);
+  Failure Cookies(const Step& step);
   Failure Create(const Step& step);
   Failure Get(const Step& step);
   Failure Gone(const Step& step);

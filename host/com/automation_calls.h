@@ -8,6 +8,8 @@
 #include <memory>
 #include <string>
 
+#include "com/variant.h"
+
 namespace kzhost {
 
 // Objects are passed as IDispatch pointers, which every object of the server has; an object that
@@ -37,6 +39,20 @@ class AutomationCalls {
   virtual HRESULT AddSwitch(IDispatch* settings,
                             const std::wstring& name,
                             const std::wstring& value) = 0;
+
+  // The caller releases `*manager`, which is null unless the call succeeded.
+  virtual HRESULT GetCookieManager(IDispatch* application, IDispatch** manager) = 0;
+  // The caller clears `*cookies`, which must be empty: an array of texts or empty again.
+  virtual HRESULT GetUrlCookies(IDispatch* manager, const std::wstring& url, VARIANT* cookies) = 0;
+  virtual HRESULT GetUrlCookiesSync(IDispatch* manager,
+                                    const std::wstring& url,
+                                    VARIANT* cookies) = 0;
+  virtual HRESULT GetAllCookiesSync(IDispatch* manager, VARIANT* cookies) = 0;
+  // `cookies` is taken.
+  virtual HRESULT SetUrlCookies(IDispatch* manager,
+                                const std::wstring& url,
+                                Variant cookies,
+                                bool& done) = 0;
 
   virtual HRESULT PutUrl(IDispatch* browser, const std::wstring& url) = 0;
   virtual HRESULT GetUrl(IDispatch* browser, std::wstring& url) = 0;

@@ -126,6 +126,45 @@ class EarlyCalls final : public AutomationCalls {
     });
   }
 
+  HRESULT GetCookieManager(IDispatch* application, IDispatch** manager) override {
+    return With<IKZCEFComApplication>(application, [&](IKZCEFComApplication* typed) {
+      return Fetch<IKZCEFComCookieManager>(manager, [&](IKZCEFComCookieManager** fetched) {
+        return typed->GetCookieManager(nullptr, 0, fetched);
+      });
+    });
+  }
+
+  HRESULT GetUrlCookies(IDispatch* manager, const std::wstring& url, VARIANT* cookies) override {
+    return With<IKZCEFComCookieManager>(manager, [&](IKZCEFComCookieManager* typed) {
+      return typed->GetUrlCookies(MakeBstr(url).get(), cookies);
+    });
+  }
+
+  HRESULT GetUrlCookiesSync(IDispatch* manager,
+                            const std::wstring& url,
+                            VARIANT* cookies) override {
+    return With<IKZCEFComCookieManager>(manager, [&](IKZCEFComCookieManager* typed) {
+      return typed->GetUrlCookiesSync(MakeBstr(url).get(), cookies);
+    });
+  }
+
+  HRESULT GetAllCookiesSync(IDispatch* manager, VARIANT* cookies) override {
+    return With<IKZCEFComCookieManager>(
+        manager, [&](IKZCEFComCookieManager* typed) { return typed->GetAllCookiesSync(cookies); });
+  }
+
+  HRESULT SetUrlCookies(IDispatch* manager,
+                        const std::wstring& url,
+                        Variant cookies,
+                        bool& done) override {
+    return With<IKZCEFComCookieManager>(manager, [&](IKZCEFComCookieManager* typed) {
+      VARIANT_BOOL flag = VARIANT_FALSE;
+      const HRESULT result = typed->SetUrlCookies(MakeBstr(url).get(), cookies, &flag);
+      done = flag != VARIANT_FALSE;
+      return result;
+    });
+  }
+
   HRESULT PutUrl(IDispatch* browser, const std::wstring& url) override {
     return With<IKZCEFComBrowser>(
         browser, [&](IKZCEFComBrowser* typed) { return typed->put_URL(MakeBstr(url).get()); });

@@ -94,6 +94,37 @@ class LateCalls final : public AutomationCalls {
     return Call(settings, L"AddCefCommandLineArg", nullptr, TextVariant(name), TextVariant(value));
   }
 
+  HRESULT GetCookieManager(IDispatch* application, IDispatch** manager) override {
+    Variant result;
+    return TakeObject(Call(application, L"GetCookieManager", &result, NoToken(), NumberVariant(0)),
+                      result, manager);
+  }
+
+  HRESULT GetUrlCookies(IDispatch* manager, const std::wstring& url, VARIANT* cookies) override {
+    return Call(manager, L"GetUrlCookies", cookies, TextVariant(url));
+  }
+
+  HRESULT GetUrlCookiesSync(IDispatch* manager,
+                            const std::wstring& url,
+                            VARIANT* cookies) override {
+    return Call(manager, L"GetUrlCookiesSync", cookies, TextVariant(url));
+  }
+
+  HRESULT GetAllCookiesSync(IDispatch* manager, VARIANT* cookies) override {
+    return CallMethod(manager, L"GetAllCookiesSync", {}, cookies);
+  }
+
+  HRESULT SetUrlCookies(IDispatch* manager,
+                        const std::wstring& url,
+                        Variant cookies,
+                        bool& done) override {
+    Variant result;
+    const HRESULT outcome =
+        Call(manager, L"SetUrlCookies", &result, TextVariant(url), std::move(cookies));
+    done = result.vt == VT_BOOL && result.boolVal != VARIANT_FALSE;
+    return outcome;
+  }
+
   HRESULT PutUrl(IDispatch* browser, const std::wstring& url) override {
     return PutProperty(browser, L"URL", TextVariant(url));
   }

@@ -49,6 +49,9 @@ bool IsOfKind(const Json& value, MemberKind kind) {
       return value.is_object();
     case MemberKind::kArray:
       return value.is_array();
+    case MemberKind::kTexts:
+      return value.is_array() &&
+             std::ranges::all_of(value, [](const Json& element) { return element.is_string(); });
     case MemberKind::kColour:
       return IsColour(value);
     case MemberKind::kValue:

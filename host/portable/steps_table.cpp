@@ -36,6 +36,13 @@ constexpr MemberInfo kGet[] = {{"object", MemberKind::kText, kRequired},
                                {"equals", MemberKind::kValue},
                                kTimeout,
                                kResult};
+constexpr MemberInfo kHas = {"has", MemberKind::kTexts};
+constexpr MemberInfo kGetAllCookies[] = {{"equals", MemberKind::kValue}, kHas, kTimeout, kResult};
+constexpr MemberInfo kGetCookies[] = {{"url", MemberKind::kText, kRequired},
+                                      {"equals", MemberKind::kValue},
+                                      kHas,
+                                      kTimeout,
+                                      kResult};
 constexpr MemberInfo kGone[] = {kBrowserMember, kTimeout};
 constexpr MemberInfo kInit[] = {{"settings", MemberKind::kObject},
                                 {"switches", MemberKind::kObject},
@@ -60,6 +67,10 @@ constexpr MemberInfo kScreenshot[] = {{"file", MemberKind::kText, kRequired},
                                       {"area", MemberKind::kText},
                                       kBrowserMember};
 constexpr MemberInfo kScript[] = {{"code", MemberKind::kText, kRequired}, kBrowserMember, kResult};
+constexpr MemberInfo kSetCookies[] = {{"url", MemberKind::kText, kRequired},
+                                      {"cookies", MemberKind::kArray, kRequired},
+                                      {"equals", MemberKind::kFlag},
+                                      kResult};
 constexpr MemberInfo kStart[] = {kBrowserMember, kResult};
 constexpr MemberInfo kType[] = {{"text", MemberKind::kText, kRequired}, kBrowserMember};
 constexpr MemberInfo kWait[] = {{"notification", MemberKind::kText, kRequired},
@@ -76,6 +87,9 @@ constexpr StepInfo kSteps[] = {
     {"close", Verb::kClose, kClose},
     {"create", Verb::kCreate, kCreate},
     {"get", Verb::kGet, kGet},
+    {"getAllCookies", Verb::kGetAllCookies, kGetAllCookies},
+    {"getCookies", Verb::kGetCookies, kGetCookies},
+    {"getCookiesSync", Verb::kGetCookiesSync, kGetCookies},
     {"gone", Verb::kGone, kGone},
     {"init", Verb::kInit, kInit},
     {"load", Verb::kLoad, kLoad},
@@ -87,6 +101,7 @@ constexpr StepInfo kSteps[] = {
     {"resize", Verb::kResize, kResize},
     {"screenshot", Verb::kScreenshot, kScreenshot},
     {"script", Verb::kScript, kScript},
+    {"setCookies", Verb::kSetCookies, kSetCookies},
     {"start", Verb::kStart, kStart},
     {"type", Verb::kType, kType},
     {"wait", Verb::kWait, kWait},
@@ -119,6 +134,8 @@ std::string_view Describe(MemberKind kind) {
       return "an object";
     case MemberKind::kArray:
       return "an array";
+    case MemberKind::kTexts:
+      return "an array of texts";
     case MemberKind::kColour:
       return "a colour like \"#1a2b3c\"";
     case MemberKind::kValue:

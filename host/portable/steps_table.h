@@ -14,6 +14,9 @@ enum class Verb {
   kClose,
   kCreate,
   kGet,
+  kGetAllCookies,
+  kGetCookies,
+  kGetCookiesSync,
   kGone,
   kInit,
   kLoad,
@@ -25,6 +28,7 @@ enum class Verb {
   kResize,
   kScreenshot,
   kScript,
+  kSetCookies,
   kStart,
   kType,
   kWait,
@@ -38,6 +42,7 @@ enum class MemberKind {
   kInteger,  // whole, of either sign
   kObject,
   kArray,
+  kTexts,   // an array of texts
   kColour,  // "#rrggbb"
   kValue,   // a text, flag, number, null or array
 };

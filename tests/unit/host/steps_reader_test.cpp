@@ -142,6 +142,33 @@ TEST(StepsReader, SwitchesOfTheEngineAreTexts) {
             R"(steps:1: the switch "lang" must be a text)");
 }
 
+TEST(StepsReader, CookiesAreReadByUrlOrAllTogether) {
+  const auto steps = Read(
+      "{\"do\":\"getAllCookies\",\"has\":[\"*a*\"],\"timeout\":5}\n"
+      "{\"do\":\"getCookies\",\"url\":\"http://a/\",\"equals\":null}\n"
+      "{\"do\":\"getCookiesSync\",\"url\":\"http://a/\",\"equals\":[\"b\"],\"hresult\":0}\n");
+  ASSERT_EQ(steps.size(), 3u);
+  EXPECT_EQ(steps[0].verb, Verb::kGetAllCookies);
+  EXPECT_EQ(steps[1].verb, Verb::kGetCookies);
+  EXPECT_EQ(steps[2].verb, Verb::kGetCookiesSync);
+  EXPECT_NE(Complaint(R"({"do":"getCookies"})"), "");
+  EXPECT_NE(Complaint(R"({"do":"getAllCookies","url":"http://a/"})"), "");
+  for (const char* patterns : {"\"*\"", "[1]", "[\"*\",null]", "{}"}) {
+    EXPECT_EQ(Complaint(R"({"do":"getAllCookies","has":)" + std::string(patterns) + "}"),
+              R"(steps:1: "has" of "getAllCookies" must be an array of texts)");
+  }
+}
+
+TEST(StepsReader, CookiesAreSetFromAnArray) {
+  const auto steps =
+      Read(R"({"do":"setCookies","url":"http://a/","cookies":[{"name":"n"},"text"]})");
+  ASSERT_EQ(steps.size(), 1u);
+  EXPECT_EQ(steps[0].verb, Verb::kSetCookies);
+  EXPECT_TRUE(steps[0].Flag("equals", true));
+  EXPECT_NE(Complaint(R"({"do":"setCookies","url":"http://a/"})"), "");
+  EXPECT_NE(Complaint(R"({"do":"setCookies","url":"http://a/","cookies":"text"})"), "");
+}
+
 TEST(StepsReader, NestingWithoutEndIsNoProblem) {
   const std::string deep(200'000, '[');
   EXPECT_EQ(Complaint(deep), "steps:1: this is no JSON object");
