@@ -1,5 +1,6 @@
 #include "devtools/engine.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "devtools/engine_command_line.h"
@@ -8,6 +9,7 @@
 #include "devtools/log.h"
 #include "devtools/profile_folder.h"
 #include "devtools/unix_host.h"
+#include "devtools/wait_signal.h"
 
 namespace cefedition {
 namespace {
@@ -27,19 +29,6 @@ std::shared_ptr<Engine>& Current() {
   static std::shared_ptr<Engine> current;
   return current;
 }
-
-// Something to wait for that another thread brings about; it may come after the wait was given up.
-class Signal {
- public:
-  Signal() : event_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {}
-  void Set() { SetEvent(event_.get()); }
-  bool Wait(std::chrono::milliseconds timeout) {
-    return WaitAnsweringSentMessages(event_.get(), timeout);
-  }
-
- private:
-  UniqueHandle event_;
-};
 
 }  // namespace
 
@@ -85,6 +74,9 @@ bool Engine::Launch(const CefSettings& settings, std::string& error) {
   user_agent_given_ = settings.user_agent.length > 0;
   accept_languages_ = AcceptLanguagesOf(settings);
   launch.arguments = BuildBrowserArguments(settings, app_, ToUnixPath(cache_path_));
+  keeps_session_cookies_ = settings.persist_session_cookies ||
+                           std::find(launch.arguments.begin(), launch.arguments.end(),
+                                     "--persist-session-cookies") != launch.arguments.end();
   launch.output = ToUnixPath(LogPath());
   Log(LOGSEVERITY_INFO, "Starting the browser " + launch.program);
   process_ = EngineProcess::Start(launch, kLaunchTimeout, error);
@@ -95,7 +87,7 @@ bool Engine::Connect(std::string& error) {
   const auto answered = std::make_shared<Signal>();
   const auto reply = std::make_shared<ProtocolReply>();
   alive_ = true;
-  connection_ = std::make_shared<ProtocolConnection>(
+  auto connection = std::make_shared<ProtocolConnection>(
       process_->TakePipe(), *FindEngineThread(TID_UI),
       ProtocolConnection::Handlers{[weak = weak_from_this()](const ProtocolEvent& event) {
                                      if (const auto self = weak.lock()) {
@@ -107,6 +99,10 @@ bool Engine::Connect(std::string& error) {
                                        self->OnConnectionClosed();
                                      }
                                    }});
+  {
+    std::lock_guard hold(connection_lock_);
+    connection_ = std::move(connection);
+  }
   const Json pages_only = Json::array({{{"type", "page"}}, {{"exclude", true}}});
   Send({}, "Target.setDiscoverTargets", {{"discover", true}, {"filter", pages_only}});
   Send({}, "Target.setAutoAttach",
@@ -114,10 +110,11 @@ bool Engine::Connect(std::string& error) {
         {"waitForDebuggerOnStart", true},
         {"flatten", true},
         {"filter", pages_only}});
-  Send({}, "Browser.getVersion", Json::object(), [answered, reply](const ProtocolReply& version) {
-    *reply = version;
-    answered->Set();
-  });
+  Send({}, "Browser.getVersion", Json::object(),
+       [self = shared_from_this(), answered, reply](const ProtocolReply& version) {
+         *reply = version;
+         self->BringBackCookies([answered] { answered->Set(); });
+       });
   if (!answered->Wait(kConnectTimeout)) {
     error = "the browser did not answer within " + std::to_string(kConnectTimeout.count()) + " s";
     return false;
@@ -136,6 +133,7 @@ bool Engine::Connect(std::string& error) {
 
 void Engine::Stop() {
   stopping_ = true;
+  std::optional<Json> cookies;
   if (connection_) {
     const auto closed = std::make_shared<Signal>();
     const bool posted = PostToUi([self = shared_from_this(), closed] {
@@ -147,18 +145,24 @@ void Engine::Stop() {
     if (posted && !closed->Wait(kCloseBrowsersTimeout)) {
       Log(LOGSEVERITY_ERROR, "The browsers could not be closed in time");
     }
+    cookies = CookiesAtTheEnd();
     Send({}, "Browser.close", Json::object());
   }
   if (process_) {
-    if (alive_ && !process_->WaitForEnd(kCloseProcessTimeout)) {
+    const bool alive = alive_;
+    const bool closed = alive && process_->WaitForEnd(kCloseProcessTimeout);
+    if (alive && !closed) {
       Log(LOGSEVERITY_WARNING, "The browser did not close in time and is ended");
     }
     process_->Kill();
     process_->WaitForEnd(kCloseProcessTimeout);
+    KeepCookiesAtTheEnd(cookies, closed);
   }
   if (connection_) {
     connection_->Close();
-    connection_.reset();
+    std::shared_ptr<ProtocolConnection> last;
+    std::lock_guard hold(connection_lock_);
+    last.swap(connection_);
   }
   process_.reset();
   if (cache_is_temporary_) {
@@ -170,9 +174,14 @@ void Engine::Send(const std::string& session,
                   const std::string& method,
                   Json params,
                   ProtocolConnection::ReplyHandler handler) {
-  if (connection_) {
-    connection_->Send(session, method, std::move(params), std::move(handler));
+  if (const std::shared_ptr<ProtocolConnection> connection = this->connection().lock()) {
+    connection->Send(session, method, std::move(params), std::move(handler));
   }
+}
+
+std::weak_ptr<ProtocolConnection> Engine::connection() const {
+  std::lock_guard hold(connection_lock_);
+  return connection_;
 }
 
 std::string Engine::accept_languages() const {

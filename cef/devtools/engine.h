@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,7 +42,7 @@ class Engine : public std::enable_shared_from_this<Engine> {
   // Any thread.
 
   CefRefPtr<CefApp> app() const { return app_; }
-  std::weak_ptr<ProtocolConnection> connection() const { return connection_; }
+  std::weak_ptr<ProtocolConnection> connection() const;
   /// False once the browser process is gone.
   bool IsAlive() const { return alive_; }
   /// The browser process's id on the Unix side.
@@ -58,6 +59,11 @@ class Engine : public std::enable_shared_from_this<Engine> {
   void SetAcceptLanguages(const std::string& languages);
 
   // UI thread.
+
+  /// All cookies of the store, longest paths first; an empty list when the browser does not say.
+  void FetchCookies(std::function<void(const Json& cookies)> done);
+  /// Makes the cookies safe against the browser's end, however it ends.
+  void FlushCookies(std::function<void()> done);
 
   /// Null when the window cannot be created or the browser process is gone.
   CefRefPtr<CefBrowser> CreateBrowser(const BrowserSpec& spec);
@@ -80,6 +86,12 @@ class Engine : public std::enable_shared_from_this<Engine> {
   Engine();
   bool Launch(const CefSettings& settings, std::string& error);
   bool Connect(std::string& error);
+  /// Gives the browser the cookies that it lost with its last end.
+  void BringBackCookies(std::function<void()> done);
+  /// The cookies before the browser closes; nothing when it does not tell in time.
+  std::optional<Json> CookiesAtTheEnd();
+  /// Keeps what the browser, which has ended, did not; `cleanly` says that its database is whole.
+  void KeepCookiesAtTheEnd(const std::optional<Json>& cookies, bool cleanly);
 
   void OnEvent(const ProtocolEvent& event);
   void OnConnectionClosed();
@@ -91,6 +103,7 @@ class Engine : public std::enable_shared_from_this<Engine> {
   CefRefPtr<CefApp> app_;
   std::wstring cache_path_;
   bool cache_is_temporary_ = false;
+  bool keeps_session_cookies_ = false;
   std::string user_agent_product_;
   bool user_agent_given_ = false;
   std::string user_agent_;
@@ -98,6 +111,8 @@ class Engine : public std::enable_shared_from_this<Engine> {
   std::string accept_languages_;
 
   std::unique_ptr<EngineProcess> process_;
+  /// Any thread may send while `Stop` lets go of the connection.
+  mutable std::mutex connection_lock_;
   std::shared_ptr<ProtocolConnection> connection_;
   std::atomic<bool> alive_{false};
   std::atomic<bool> stopping_{false};

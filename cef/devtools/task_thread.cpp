@@ -87,6 +87,8 @@ void TaskThread::Run(Kind kind) {
     DWORD wait_ms = INFINITE;
     if (TakeDue(task, wait_ms)) {
       task();
+      // What a task holds goes with it, not after the windows have had their turn.
+      task = nullptr;
     } else {
       {
         std::lock_guard hold(lock_);
