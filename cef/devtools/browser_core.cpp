@@ -8,6 +8,7 @@
 #include "devtools/edition_host.h"
 #include "devtools/engine.h"
 #include "devtools/engine_threads.h"
+#include "devtools/focus_report.h"
 #include "devtools/json_fields.h"
 #include "devtools/log.h"
 #include "devtools/page_report.h"
@@ -42,6 +43,7 @@ BrowserCore::BrowserCore(Engine& engine, int id, const BrowserSpec& spec)
       loads_(this),
       view_(session_, this),
       popups_(*this),
+      queries_(*this),
       devtools_(*this) {}
 
 BrowserCore::~BrowserCore() = default;
@@ -105,8 +107,11 @@ void BrowserCore::AttachPage(const std::string& target_id, const std::string& se
     send("Page.enable", Json::object(), {});
     send("Runtime.enable", Json::object(), {});
     send("Log.enable", Json::object(), {});
-    for (auto& [method, params] : PageReportCommands()) {
-      send(method, std::move(params), {});
+    for (const auto& commands :
+         {PageReportCommands(), queries_.Commands(), FocusReportCommands()}) {
+      for (const auto& [method, params] : commands) {
+        send(method, params, {});
+      }
     }
     send("Emulation.setUserAgentOverride", UserAgentParams(), {});
     // Requests of navigations only; sub-resources pass without a halt.
@@ -197,6 +202,8 @@ void BrowserCore::RunInbox() {
 void BrowserCore::Dispatch(const ProtocolEvent& event) {
   const std::string& method = event.method;
   const Json& params = event.params;
+  script_contexts_.OnEvent(event);
+  queries_.OnEvent(event);
   if (!first_document_over_) {
     if (method == "Page.frameStoppedLoading") {
       first_document_over_ = true;
@@ -235,6 +242,7 @@ void BrowserCore::Dispatch(const ProtocolEvent& event) {
     OnConsole(method, params);
   } else if (method == "Runtime.bindingCalled") {
     OnPageReport(params);
+    OnFocusReport(*this, params);
   } else if (method == "Page.javascriptDialogOpening") {
     dialog_open_ = true;
     OnDialogOpening(*this, params);
@@ -287,6 +295,7 @@ void BrowserCore::OnPageCrashed(const std::string& status) {
       reason = TS_ABNORMAL_TERMINATION;
     }
     loads_.OnCrashed();
+    queries_.OnCrashed();
     if (const auto handler = client_ ? client_->GetRequestHandler() : nullptr) {
       handler->OnRenderProcessTerminated(browser_, reason);
     }

@@ -13,9 +13,11 @@
 #include "devtools/devtools_access.h"
 #include "devtools/frame_tree.h"
 #include "devtools/load_tracker.h"
+#include "devtools/page_queries.h"
 #include "devtools/page_session.h"
 #include "devtools/page_view.h"
 #include "devtools/popup_requests.h"
+#include "devtools/script_contexts.h"
 #include "include/cef_client.h"
 #include "include/cef_request_context.h"
 
@@ -103,6 +105,8 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
 
   Engine& engine() { return engine_; }
   const std::string& target_id() const { return target_id_; }
+  const ScriptContexts& script_contexts() const { return script_contexts_; }
+  PageQueries& queries() { return queries_; }
   /// The main frame's title, as last reported.
   const std::string& title() const { return title_; }
 
@@ -196,6 +200,8 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   LoadTracker loads_;
   PageView view_;
   PopupRequests popups_;
+  ScriptContexts script_contexts_;
+  PageQueries queries_;
   DevToolsAccess devtools_;
 
   std::string target_id_;

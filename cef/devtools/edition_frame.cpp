@@ -196,6 +196,10 @@ void EditionFrame::SendProcessMessage(CefProcessId target_process,
     return;
   }
   NotifyProcessMessage(this, message);
+  if (const auto browser = core()) {
+    browser->Post(
+        [copy = message->Copy()](BrowserCore& target) { target.queries().OnMessage(copy); });
+  }
 }
 
 }  // namespace cefedition

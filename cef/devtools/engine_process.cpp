@@ -1,12 +1,11 @@
 #include "devtools/engine_process.h"
 
-#include <bcrypt.h>
-
 #include <array>
 #include <charconv>
 #include <sstream>
 
 #include "devtools/loopback_listener.h"
+#include "devtools/random_token.h"
 #include "devtools/task_thread.h"
 #include "devtools/text.h"
 #include "devtools/unix_host.h"
@@ -72,19 +71,6 @@ while (1) {
 kill('KILL', -$child);
 syswrite($control, $status . $newline);
 )";
-
-std::string MakeToken() {
-  std::array<unsigned char, 16> bytes = {};
-  BCryptGenRandom(nullptr, bytes.data(), static_cast<ULONG>(bytes.size()),
-                  BCRYPT_USE_SYSTEM_PREFERRED_RNG);
-  std::string token;
-  for (unsigned char byte : bytes) {
-    constexpr char kDigits[] = "0123456789abcdef";
-    token += kDigits[byte >> 4];
-    token += kDigits[byte & 15];
-  }
-  return token;
-}
 
 void AppendQuoted(std::wstring& command_line, const std::string& argument) {
   if (!command_line.empty()) {

@@ -5,8 +5,8 @@
 
 namespace cefedition {
 
-/// Hears the messages that the browser process sends to a frame's renderer process. The edition has
-/// no renderer side; without an observer the messages go nowhere.
+/// Hears the messages that the browser process sends to a frame's renderer process. The edition's
+/// pages take the message router's answers; other messages go to the observer only.
 class ProcessMessageObserver {
  public:
   /// On the thread that sent the message. The message is a copy.

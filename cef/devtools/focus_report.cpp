@@ -1,0 +1,76 @@
+#include "devtools/focus_report.h"
+
+#include "devtools/browser_core.h"
+#include "devtools/json_fields.h"
+#include "devtools/renderer_message.h"
+
+namespace cefedition {
+namespace {
+
+constexpr char kMessage[] = "ClientRenderer.FocusedNodeChanged";
+constexpr char kWorld[] = "cefeditionFocus";
+constexpr char kBinding[] = "cefeditionFocusReport";
+
+// A node counts as one to write in as in Chromium: by being editable, as a text field that is
+// neither disabled nor read-only, or by its role.
+constexpr char kScript[] = R"((() => {
+  if (typeof cefeditionFocusReport !== 'function') return;
+  const textTypes = ['text', 'search', 'url', 'tel', 'email', 'password', 'number'];
+  const isTextField = node => node instanceof HTMLTextAreaElement ||
+      node instanceof HTMLInputElement && textTypes.includes(node.type);
+  const isEditable = node => node.isContentEditable === true ||
+      isTextField(node) && !node.matches(':disabled') && !node.readOnly ||
+      (node.getAttribute('role') || '').toLowerCase() === 'textbox';
+  let current = null;
+  const removals = new MutationObserver(() => {
+    if (current && !current.isConnected) report(null);
+  });
+  const report = node => {
+    if (node === current) return;
+    current = node;
+    removals.disconnect();
+    if (node) removals.observe(document, {childList: true, subtree: true});
+    cefeditionFocusReport(node && isEditable(node) ? 'editable' : '');
+  };
+  const focused = () => {
+    let node = document.activeElement;
+    while (node && node.shadowRoot && node.shadowRoot.activeElement) {
+      node = node.shadowRoot.activeElement;
+    }
+    return node === document.body || node === document.documentElement ? null : node;
+  };
+  window.addEventListener('focusin', event => {
+    const node = event.composedPath()[0];
+    if (node instanceof Element) report(node);
+  }, true);
+  // A window that loses the focus tells its node so, too, but the node keeps its place; and where
+  // another node takes over, that one is reported.
+  window.addEventListener('focusout', event => {
+    if (!event.relatedTarget && focused() !== current) report(focused());
+  }, true);
+})();)";
+
+}  // namespace
+
+std::vector<std::pair<std::string, Json>> FocusReportCommands() {
+  return {
+      {"Runtime.addBinding", {{"name", kBinding}, {"executionContextName", kWorld}}},
+      {"Page.addScriptToEvaluateOnNewDocument",
+       {{"source", kScript}, {"worldName", kWorld}, {"runImmediately", true}}},
+  };
+}
+
+void OnFocusReport(BrowserCore& core, const Json& params) {
+  const ScriptContexts::Context* context =
+      core.script_contexts().Find(IntField(params, "executionContextId"));
+  if (TextField(params, "name") != kBinding || !context) {
+    return;
+  }
+  if (const CefRefPtr<EditionFrame> frame = core.frames().Find(context->frame_id)) {
+    CefRefPtr<CefListValue> arguments = CefListValue::Create();
+    arguments->SetBool(0, TextField(params, "payload") == "editable");
+    DeliverFromRenderer(core, frame, kMessage, arguments);
+  }
+}
+
+}  // namespace cefedition
