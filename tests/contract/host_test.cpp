@@ -8,9 +8,11 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <optional>
 
 #include "KZCEFComWrapper.h"
+#include "late_bound.h"
 #include "server_library.h"
 
 namespace contract {
@@ -99,6 +101,49 @@ TEST_F(Host, MayUseABrowserBeforeTheStart) {
   EXPECT_EQ(browser->put_PopupUserBrowser(7), S_OK);
   browser->get_PopupUserBrowser(&popup);
   EXPECT_EQ(popup, 7);
+}
+
+// Cookie texts in an array, as script engines and compiled hosts pass them.
+_variant_t TextArray(std::initializer_list<const wchar_t*> texts) {
+  _variant_t array;
+  array.vt = VT_ARRAY | VT_BSTR;
+  array.parray = SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(texts.size()));
+  LONG at = 0;
+  for (const wchar_t* text : texts) {
+    SafeArrayPutElement(array.parray, &at, _bstr_t(text).GetBSTR());
+    ++at;
+  }
+  return array;
+}
+
+TEST_F(Host, FindsAndSetsNoCookiesBeforeTheStart) {
+  ComPtr<IKZCEFComCookieManager> cookies;
+  ASSERT_EQ(application_->GetCookieManager(nullptr, 0, cookies.GetAddressOf()), S_OK);
+  const _bstr_t url(L"http://a/");
+  const _variant_t texts = TextArray({L"{\"name\":\"n\",\"value\":\"v\",\"domain\":\"a\"}", L"{}"});
+  const auto expect_nothing = [](HRESULT result, const VARIANT& found) {
+    EXPECT_EQ(result, S_OK);
+    EXPECT_EQ(found.vt, VT_EMPTY);
+  };
+  VARIANT found;
+  found.vt = VT_I4;
+  expect_nothing(cookies->GetUrlCookies(url, &found), found);
+  found.vt = VT_I4;
+  expect_nothing(cookies->GetUrlCookiesSync(url, &found), found);
+  found.vt = VT_I4;
+  expect_nothing(cookies->GetAllCookiesSync(&found), found);
+  VARIANT_BOOL done = VARIANT_TRUE;
+  EXPECT_EQ(cookies->SetUrlCookies(url, texts, &done), S_OK);
+  EXPECT_EQ(done, VARIANT_FALSE);
+
+  const Outcome late = Invoke(cookies.Get(), IdOf(cookies.Get(), L"SetUrlCookies"), DISPATCH_METHOD,
+                              {_variant_t(url), texts});
+  EXPECT_EQ(late.result, S_OK);
+  EXPECT_EQ(late.value.vt, VT_BOOL);
+  EXPECT_EQ(late.value.boolVal, VARIANT_FALSE);
+  const Outcome read = Invoke(cookies.Get(), IdOf(cookies.Get(), L"GetUrlCookiesSync"),
+                              DISPATCH_METHOD, {_variant_t(url)});
+  expect_nothing(read.result, read.value);
 }
 
 TEST_F(Host, StartsNothingBeforeTheStart) {

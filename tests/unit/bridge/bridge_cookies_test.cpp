@@ -1,6 +1,7 @@
 // The bridge's cookie operations, on stores that answer as a test wants it.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <chrono>
 #include <stdexcept>
 #include <string>
@@ -199,11 +200,15 @@ TEST_F(BridgeCookies, AreNoneWhenTheVisitIsRefused) {
 TEST_F(BridgeCookies, OfAnEmptyStoreAreAnsweredAfterOneWait) {
   // Kept by the store, so that nothing ends the wait early.
   store_->keep_callbacks = true;
-  const auto start = Clock::now();
-  EXPECT_EQ(bridge_.GetCookiesSync(true, nullptr).vt, VT_EMPTY);
-  const auto taken = Clock::now() - start;
-  EXPECT_GE(taken, std::chrono::milliseconds(90));
-  EXPECT_LT(taken, std::chrono::milliseconds(180));
+  auto shortest = Clock::duration::max();
+  // A busy machine may draw one of them out, hardly all.
+  for (int read = 0; read < 5; ++read) {
+    const auto start = Clock::now();
+    EXPECT_EQ(bridge_.GetCookiesSync(true, nullptr).vt, VT_EMPTY);
+    shortest = std::min(shortest, Clock::now() - start);
+  }
+  EXPECT_GE(shortest, std::chrono::milliseconds(90));
+  EXPECT_LT(shortest, std::chrono::milliseconds(180));
 }
 
 // Kept deliberately: a store that shows nothing within the first wait counts as empty.

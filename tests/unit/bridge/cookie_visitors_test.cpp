@@ -54,8 +54,9 @@ TEST(CookieVisitorSync, TellsTheTotalAndCollects) {
   EXPECT_EQ(ExpectedCookieTotal(), 2);
   EXPECT_EQ(texts->TakeWhenComplete(2), std::nullopt);
   EXPECT_TRUE(visitor->Visit(MakeCookie(L"m", L"w"), 1, 2, remove));
-  EXPECT_THAT(Texts(*texts->TakeWhenComplete(2)),
-              ElementsAre(TextOfCookie(L"n", L"v"), TextOfCookie(L"m", L"w")));
+  const auto taken = texts->TakeWhenComplete(2);
+  ASSERT_TRUE(taken);
+  EXPECT_THAT(Texts(*taken), ElementsAre(TextOfCookie(L"n", L"v"), TextOfCookie(L"m", L"w")));
 }
 
 TEST(CookieVisitorSync, SignalsWhenItGoes) {
@@ -69,7 +70,9 @@ TEST(CookieVisitorSync, SignalsWhenItGoes) {
   EXPECT_TRUE(event->IsSignaled());
   EXPECT_TRUE(event->HasOneRef());
   // With one of two cookies, but nobody to bring the other one.
-  EXPECT_THAT(Texts(*texts->TakeWhenComplete(2)), ElementsAre(TextOfCookie(L"n", L"v")));
+  const auto taken = texts->TakeWhenComplete(2);
+  ASSERT_TRUE(taken);
+  EXPECT_THAT(Texts(*taken), ElementsAre(TextOfCookie(L"n", L"v")));
 }
 
 TEST(CookieTextsList, IsEmptyOnceTakenOrCleared) {
