@@ -51,32 +51,32 @@ bool HasEach(const Json& texts, const Json& patterns) {
 }
 
 CookieOutcome Read(Host& host, IDispatch* manager, const Step& step) {
-  CookieOutcome outcome;
+  HRESULT result = S_OK;
+  Json value;
   const auto read = [&] {
     Variant cookies;
-    outcome.result = ReadCookies(host, manager, step, cookies);
-    outcome.value = VariantToJson(cookies);
-    return FAILED(outcome.result) ||
-           ((!step.Has("equals") || outcome.value == step.members.at("equals")) &&
-            HasEach(outcome.value, step.members.value("has", Json::array())));
+    result = ReadCookies(host, manager, step, cookies);
+    value = VariantToJson(cookies);
+    return FAILED(result) || ((!step.Has("equals") || value == step.members.at("equals")) &&
+                              HasEach(value, step.members.value("has", Json::array())));
   };
   const bool reached = step.Has("timeout") ? host.WaitUntil(read, step.Timeout()) : read();
+  std::optional<std::string> complaint;
   if (!reached) {
-    outcome.complaint = "the cookies are " + Dump(outcome.value);
+    complaint = "the cookies are " + Dump(value);
   }
-  return outcome;
+  return {result, std::move(value), std::move(complaint)};
 }
 
 CookieOutcome Set(Host& host, IDispatch* manager, const Step& step) {
-  CookieOutcome outcome;
   bool done = false;
-  outcome.result = host.calls().SetUrlCookies(manager, ToWide(step.Text("url")),
-                                              JsonToVariant(step.members.at("cookies")), done);
-  outcome.value = done;
+  const HRESULT result = host.calls().SetUrlCookies(
+      manager, ToWide(step.Text("url")), JsonToVariant(step.members.at("cookies")), done);
+  std::optional<std::string> complaint;
   if (done != step.Flag("equals", true)) {
-    outcome.complaint = "the result is " + Dump(outcome.value);
+    complaint = "the result is " + Dump(done);
   }
-  return outcome;
+  return {result, done, std::move(complaint)};
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ namespace kzhost {
 
 // What a cookie step came to.
 struct CookieOutcome {
-  HRESULT result = S_OK;
+  HRESULT result;
   // The cookie texts, null for none; for a step that sets cookies what the member answered.
   Json value;
   // What is not as the step wants it.
