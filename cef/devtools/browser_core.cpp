@@ -12,6 +12,7 @@
 #include "devtools/json_fields.h"
 #include "devtools/log.h"
 #include "devtools/page_report.h"
+#include "devtools/resource_requests.h"
 
 namespace cefedition {
 namespace {
@@ -103,6 +104,8 @@ void BrowserCore::AttachPage(const std::string& target_id, const std::string& se
   if (is_popup_) {
     loads_.ExpectTransition(target_id, TT_LINK);
   }
+  requests_ = ResourceRequests::Create(*this);
+  engine_.RouteRequests(session_id, requests_);
   session_.Attach(session_id, [this](const PageSession::Sender& send) {
     send("Page.enable", Json::object(), {});
     send("Runtime.enable", Json::object(), {});
@@ -114,12 +117,7 @@ void BrowserCore::AttachPage(const std::string& target_id, const std::string& se
       }
     }
     send("Emulation.setUserAgentOverride", UserAgentParams(), {});
-    // Requests of navigations only; sub-resources pass without a halt.
-    send(
-        "Fetch.enable",
-        {{"patterns", Json::array({{{"resourceType", "Document"}, {"requestStage", "Request"}},
-                                   {{"resourceType", "Document"}, {"requestStage", "Response"}}})}},
-        {});
+    EnableInterception(send);
     // Its answer comes once the page has taken all of the above.
     send("Page.getFrameTree", Json::object(),
          [weak = weak_from_this()](const ProtocolReply& reply) {
@@ -131,6 +129,22 @@ void BrowserCore::AttachPage(const std::string& target_id, const std::string& se
   });
   view_.StartPainting();
   devtools_.OnPageReady();
+}
+
+void BrowserCore::EnableInterception(const PageSession::Sender& send) {
+  Json document = {{"resourceType", "Document"}, {"requestStage", "Request"}};
+  if (!requests_) {
+    // Requests of navigations only; sub-resources pass without a halt.
+    Json answer = document;
+    answer["requestStage"] = "Response";
+    send("Fetch.enable", {{"patterns", Json::array({document, answer})}}, {});
+    return;
+  }
+  // Only the ends of requests are of interest, not what they brought.
+  send("Network.enable", {{"maxTotalBufferSize", 0}, {"maxResourceBufferSize", 0}}, {});
+  // Whether a request is halted again with its response is decided for each.
+  send("Fetch.enable",
+       {{"patterns", Json::array({{{"urlPattern", "*"}, {"requestStage", "Request"}}})}}, {});
 }
 
 void BrowserCore::OnPageSetUp(const Json& tree) {
@@ -173,7 +187,8 @@ Json BrowserCore::UserAgentParams() const {
 }
 
 void BrowserCore::ApplyUserAgent() {
-  session_.Send("Emulation.setUserAgentOverride", UserAgentParams());
+  // A page that is not there yet gets the newest when it comes.
+  session_.SendAtOnce("Emulation.setUserAgentOverride", UserAgentParams());
 }
 
 void BrowserCore::OnEvent(const ProtocolEvent& event) {
@@ -296,6 +311,9 @@ void BrowserCore::OnPageCrashed(const std::string& status) {
     }
     loads_.OnCrashed();
     queries_.OnCrashed();
+    if (requests_) {
+      requests_->OnCrashed();
+    }
     if (const auto handler = client_ ? client_->GetRequestHandler() : nullptr) {
       handler->OnRenderProcessTerminated(browser_, reason);
     }
@@ -344,10 +362,14 @@ void BrowserCore::CloseNow() {
   closing_ = true;
   view_.Destroy();
   if (!session_.id().empty()) {
+    engine_.RouteRequests(session_.id(), nullptr);
     engine_.CloseTarget(target_id_);
   }
   session_.Detach();
   devtools_.OnPageGone();
+  if (requests_) {
+    requests_->Close();
+  }
   ChangeState([](State& state) {
     state.window = nullptr;
     state.loading = false;

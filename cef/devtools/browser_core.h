@@ -26,6 +26,7 @@ namespace cefedition {
 class EditionBrowser;
 class EditionHost;
 class Engine;
+class ResourceRequests;
 
 /// What a browser is made from.
 struct BrowserSpec {
@@ -81,6 +82,8 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   PageSession& session() { return session_; }
   DevToolsAccess& devtools() { return devtools_; }
   PageView& view() { return view_; }
+  /// A request of a document was answered by a handler of the client's. Any thread.
+  void OnDocumentServed(const std::string& frame_id, int http_status);
   /// The client's objects.
   CefRefPtr<CefBrowser> browser() const;
   CefRefPtr<CefBrowserHost> host() const;
@@ -141,12 +144,15 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   void OnHistoryReply(const ProtocolReply& reply, const std::function<void()>& then, int attempts);
   void OnHistory(const Json& history);
 
+  void EnableInterception(const PageSession::Sender& send);
   void OnPageSetUp(const Json& tree);
   void OpenPageIfReady();
   void OnFrameNavigated(const Json& params);
   void OnWithinDocument(const Json& params);
   void OnFrameStartedNavigating(const Json& params);
   void OnRequestPaused(const Json& params);
+  /// Asks whether a document may be requested. False when it was refused, and the request failed.
+  bool AskAboutDocument(const Json& params);
   void OnContextCreated(const Json& params);
   void OnConsole(const std::string& method, const Json& params);
   void OnEvaluated(const Json& value);
@@ -203,6 +209,8 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   ScriptContexts script_contexts_;
   PageQueries queries_;
   DevToolsAccess devtools_;
+  /// Null while no request is halted for the client.
+  std::shared_ptr<ResourceRequests> requests_;
 
   std::string target_id_;
   std::deque<std::function<void()>> inbox_;
@@ -226,6 +234,8 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   std::string title_;
   /// What the navigation under way sends, for `OnBeforeBrowse`.
   const Json* paused_request_ = nullptr;
+  /// How the navigation came about that was asked about last.
+  uint32_t last_transition_ = TT_LINK;
   std::chrono::steady_clock::time_point last_input_;
 };
 

@@ -12,6 +12,8 @@
 #include "devtools/navigation_request.h"
 #include "devtools/net_error.h"
 #include "devtools/page_report.h"
+#include "devtools/request_content.h"
+#include "devtools/resource_requests.h"
 
 namespace cefedition {
 namespace {
@@ -293,26 +295,51 @@ void BrowserCore::OnFrameStartedNavigating(const Json& params) {
 }
 
 void BrowserCore::OnRequestPaused(const Json& params) {
-  const std::string frame_id = TextField(params, "frameId");
-  const std::string request_id = TextField(params, "requestId");
-  const Json& request = Field(params, "request");
-  if (params.contains("responseStatusCode") || params.contains("responseErrorReason")) {
-    const std::string reason = TextField(params, "responseErrorReason");
-    loads_.OnResponse(frame_id, IntField(params, "responseStatusCode"),
-                      reason.empty() ? ERR_NONE : NetErrorFromReason(reason));
-  } else {
-    paused_request_ = &request;
-    const bool cancelled =
-        loads_.OnRequest(frame_id, RequestUrl(request), frames_->IsMain(frame_id));
-    paused_request_ = nullptr;
-    // A popup with a process of its own is set up only once its first request has its answer.
-    if (cancelled) {
-      session_.SendAtOnce("Fetch.failRequest",
-                          {{"requestId", request_id}, {"errorReason", "Aborted"}});
-      return;
+  std::string accept_language;
+  if (TextField(params, "resourceType") == "Document") {
+    if (params.contains("responseStatusCode") || params.contains("responseErrorReason")) {
+      const std::string reason = TextField(params, "responseErrorReason");
+      loads_.OnResponse(TextField(params, "frameId"), IntField(params, "responseStatusCode"),
+                        reason.empty() ? ERR_NONE : NetErrorFromReason(reason));
+    } else {
+      const std::string languages = engine_.accept_languages();
+      if (!AskAboutDocument(params)) {
+        return;
+      }
+      if (engine_.accept_languages() != languages) {
+        // The client has chosen others just now; this very document is to be asked for in them.
+        ApplyUserAgent();
+        accept_language = AcceptLanguageHeader(engine_.accept_languages());
+      }
     }
   }
-  session_.SendAtOnce("Fetch.continueRequest", {{"requestId", request_id}});
+  if (requests_) {
+    requests_->OnDocumentPaused(params, last_transition_, accept_language);
+    return;
+  }
+  // A popup with a process of its own is set up only once its first request has its answer.
+  session_.SendAtOnce("Fetch.continueRequest", {{"requestId", TextField(params, "requestId")}});
+}
+
+bool BrowserCore::AskAboutDocument(const Json& params) {
+  const std::string frame_id = TextField(params, "frameId");
+  const Json& request = Field(params, "request");
+  paused_request_ = &request;
+  const bool cancelled = loads_.OnRequest(frame_id, RequestUrl(request), frames_->IsMain(frame_id));
+  paused_request_ = nullptr;
+  if (cancelled) {
+    session_.SendAtOnce("Fetch.failRequest", {{"requestId", TextField(params, "requestId")},
+                                              {"errorReason", "Aborted"}});
+  }
+  return !cancelled;
+}
+
+void BrowserCore::OnDocumentServed(const std::string& frame_id, int http_status) {
+  Post([frame_id, http_status](BrowserCore& core) {
+    core.Enqueue([&core, frame_id, http_status] {
+      core.loads_.OnResponse(frame_id, http_status, ERR_NONE);
+    });
+  });
 }
 
 void BrowserCore::OnFrameNavigated(const Json& params) {
@@ -328,6 +355,9 @@ void BrowserCore::OnFrameNavigated(const Json& params) {
     const CefRefPtr<EditionFrame> known = frames_->Touch(id, parent_id);
     for (const std::string& removed : frames_->RemoveBelow(id)) {
       loads_.OnFrameRemoved(removed);
+      if (requests_) {
+        requests_->OnFrameRemoved(removed);
+      }
     }
     known->SetDocument(unreachable.empty() ? url : unreachable, TextField(frame, "name"));
     if (parent_id.empty()) {
@@ -370,6 +400,7 @@ void BrowserCore::OnLoadingChanged(bool loading) {
 }
 
 bool BrowserCore::OnNavigationStarting(const NavigationRequest& request) {
+  last_transition_ = request.transition;
   const auto handler = client_ ? client_->GetRequestHandler() : nullptr;
   if (!handler) {
     return false;

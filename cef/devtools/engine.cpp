@@ -8,6 +8,7 @@
 #include "devtools/json_fields.h"
 #include "devtools/log.h"
 #include "devtools/profile_folder.h"
+#include "devtools/resource_requests.h"
 #include "devtools/unix_host.h"
 #include "devtools/wait_signal.h"
 
@@ -87,18 +88,23 @@ bool Engine::Connect(std::string& error) {
   const auto answered = std::make_shared<Signal>();
   const auto reply = std::make_shared<ProtocolReply>();
   alive_ = true;
+  ProtocolConnection::Handlers handlers;
+  handlers.on_event = [weak = weak_from_this()](const ProtocolEvent& event) {
+    if (const auto self = weak.lock()) {
+      self->OnEvent(event);
+    }
+  };
+  handlers.on_closed = [weak = weak_from_this()] {
+    if (const auto self = weak.lock()) {
+      self->OnConnectionClosed();
+    }
+  };
+  handlers.take_early = [weak = weak_from_this()](const ProtocolEvent& event) {
+    const auto self = weak.lock();
+    return self && self->TakeEarly(event);
+  };
   auto connection = std::make_shared<ProtocolConnection>(
-      process_->TakePipe(), *FindEngineThread(TID_UI),
-      ProtocolConnection::Handlers{[weak = weak_from_this()](const ProtocolEvent& event) {
-                                     if (const auto self = weak.lock()) {
-                                       self->OnEvent(event);
-                                     }
-                                   },
-                                   [weak = weak_from_this()] {
-                                     if (const auto self = weak.lock()) {
-                                       self->OnConnectionClosed();
-                                     }
-                                   }});
+      process_->TakePipe(), *FindEngineThread(TID_UI), std::move(handlers));
   {
     std::lock_guard hold(connection_lock_);
     connection_ = std::move(connection);
@@ -304,6 +310,29 @@ std::shared_ptr<BrowserCore> Engine::FindByTarget(const std::string& target_id) 
     }
   }
   return nullptr;
+}
+
+void Engine::RouteRequests(const std::string& session_id,
+                           std::shared_ptr<ResourceRequests> requests) {
+  std::lock_guard hold(lock_);
+  if (requests) {
+    request_routes_[session_id] = std::move(requests);
+  } else {
+    request_routes_.erase(session_id);
+  }
+}
+
+// Requests need not wait until the UI thread has time for them.
+bool Engine::TakeEarly(const ProtocolEvent& event) {
+  std::shared_ptr<ResourceRequests> requests;
+  {
+    std::lock_guard hold(lock_);
+    const auto found = request_routes_.find(event.session);
+    if (found != request_routes_.end()) {
+      requests = found->second;
+    }
+  }
+  return requests && requests->TakeEvent(event.method, event.params);
 }
 
 void Engine::OnEvent(const ProtocolEvent& event) {

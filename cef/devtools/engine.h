@@ -58,6 +58,9 @@ class Engine : public std::enable_shared_from_this<Engine> {
   std::string accept_languages() const;
   void SetAcceptLanguages(const std::string& languages);
 
+  /// Which page's requests a session reports; null for no longer any.
+  void RouteRequests(const std::string& session_id, std::shared_ptr<ResourceRequests> requests);
+
   // UI thread.
 
   /// All cookies of the store, longest paths first; an empty list when the browser does not say.
@@ -93,6 +96,7 @@ class Engine : public std::enable_shared_from_this<Engine> {
   /// Keeps what the browser, which has ended, did not; `cleanly` says that its database is whole.
   void KeepCookiesAtTheEnd(const std::optional<Json>& cookies, bool cleanly);
 
+  bool TakeEarly(const ProtocolEvent& event);
   void OnEvent(const ProtocolEvent& event);
   void OnConnectionClosed();
   void OnTargetCreated(const std::shared_ptr<BrowserCore>& core, const ProtocolReply& reply);
@@ -109,6 +113,7 @@ class Engine : public std::enable_shared_from_this<Engine> {
   std::string user_agent_;
   mutable std::mutex lock_;
   std::string accept_languages_;
+  std::map<std::string, std::shared_ptr<ResourceRequests>> request_routes_;
 
   std::unique_ptr<EngineProcess> process_;
   /// Any thread may send while `Stop` lets go of the connection.

@@ -8,9 +8,6 @@
 
 namespace cefedition {
 
-/// The URL of a protocol request with its fragment.
-std::string RequestUrl(const Json& request);
-
 /// The read-only request of `OnBeforeBrowse`. `request` is the protocol's, null when there is none.
 CefRefPtr<CefRequest> MakeRequest(const NavigationRequest& navigation,
                                   const Json* request,

@@ -33,11 +33,15 @@ void PageSession::Send(const std::string& method,
   }
 }
 
-void PageSession::SendAtOnce(const std::string& method, Json params) {
+void PageSession::SendAtOnce(const std::string& method,
+                             Json params,
+                             ProtocolConnection::ReplyHandler handler) {
   std::lock_guard hold(lock_);
   const std::shared_ptr<ProtocolConnection> connection = connection_.lock();
   if ((state_ == State::kAttached || state_ == State::kOpen) && connection) {
-    connection->Send(session_id_, method, std::move(params), {});
+    connection->Send(session_id_, method, std::move(params), std::move(handler));
+  } else {
+    FailLater(std::move(handler));
   }
 }
 

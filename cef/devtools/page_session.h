@@ -19,9 +19,12 @@ class PageSession {
             Json params = Json::object(),
             ProtocolConnection::ReplyHandler handler = {});
 
-  /// Sends past those that wait, once the page is there. For what a page that is being set up waits
-  /// for itself.
-  void SendAtOnce(const std::string& method, Json params);
+  /// Sends past those that wait, once the page is there; before that and after its end, nothing is
+  /// sent and the handler hears of a failure. For what a page that is being set up waits for
+  /// itself.
+  void SendAtOnce(const std::string& method,
+                  Json params,
+                  ProtocolConnection::ReplyHandler handler = {});
 
   /// Sends one command of those that set a page up.
   using Sender = std::function<

@@ -132,6 +132,9 @@ void ProtocolConnection::Receive(std::string_view text) {
   event.session = TextField(message, "sessionId");
   event.method = TextField(message, "method");
   event.params = std::move(message["params"]);
+  if (handlers_->take_early && handlers_->take_early(event)) {
+    return;
+  }
   target_.Post([handlers = handlers_, event = std::move(event)] { handlers->on_event(event); });
 }
 

@@ -42,11 +42,14 @@ class ProtocolConnection {
  public:
   using ReplyHandler = std::function<void(const ProtocolReply& reply)>;
 
-  /// Both run on the task thread.
+  /// Run on the task thread, but for `take_early`.
   struct Handlers {
     std::function<void(const ProtocolEvent& event)> on_event;
     /// The connection is gone, or `Close` was called. Every outstanding reply has been handed out.
     std::function<void()> on_closed;
+    /// On the thread that reads, before an event is handed on; must only hand it on itself. True
+    /// when the event has been taken. May be empty.
+    std::function<bool(const ProtocolEvent& event)> take_early = {};
   };
 
   /// `target` must outlive the connection.
