@@ -103,10 +103,24 @@ void PageServer::Serve(SOCKET socket) {
   open_.erase(connection);
 }
 
+size_t PageServer::ContentLength(const std::string& request) {
+  const std::string name = "\r\nContent-Length: ";
+  const size_t found = request.find(name);
+  return found != std::string::npos ? std::stoul(request.substr(found + name.size())) : 0;
+}
+
 void PageServer::Answer(ByteStream& connection) {
   std::string request;
   char buffer[4096];
   while (request.find("\r\n\r\n") == std::string::npos) {
+    const size_t count = connection.Read(buffer, sizeof(buffer));
+    if (count == 0) {
+      return;
+    }
+    request.append(buffer, count);
+  }
+  const size_t body_start = request.find("\r\n\r\n") + 4;
+  for (const size_t end = body_start + ContentLength(request); request.size() < end;) {
     const size_t count = connection.Read(buffer, sizeof(buffer));
     if (count == 0) {
       return;

@@ -39,7 +39,7 @@ class PageServer {
   int port() const { return port_; }
   /// The paths asked for so far, in order.
   std::vector<std::string> Requests() const;
-  /// The whole of the last request for a path, empty if there was none.
+  /// The whole of the last request for a path with its body, empty if there was none.
   std::string RequestText(const std::string& path) const;
   bool WaitForRequest(const std::string& path);
 
@@ -47,6 +47,7 @@ class PageServer {
   void Run();
   void Serve(SOCKET socket);
   void Answer(ByteStream& connection);
+  static size_t ContentLength(const std::string& request);
 
   WSADATA winsock_;
   SOCKET listener_ = INVALID_SOCKET;

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "include/wrapper/cef_helpers.h"
+#include "recording_resources.h"
 
 namespace cefedition {
 namespace {
@@ -160,9 +161,32 @@ bool RecordingClient::OnBeforeBrowse(CefRefPtr<CefBrowser> browser,
   return cancel_navigation && cancel_navigation(url);
 }
 
+// Written down only where requests are the subject: other tests count what they load.
+CefRefPtr<CefResourceRequestHandler> RecordingClient::GetResourceRequestHandler(
+    CefRefPtr<CefBrowser>,
+    CefRefPtr<CefFrame> frame,
+    CefRefPtr<CefRequest> request,
+    bool is_navigation,
+    bool is_download,
+    const CefString& request_initiator,
+    bool& disable_default) {
+  EXPECT_TRUE(CefCurrentlyOn(TID_IO));
+  EXPECT_TRUE(request->IsReadOnly());
+  if (resources || disable_default_handling) {
+    log_->Add("wanted " + FrameName(frame) + " " + PathOf(request->GetURL()) +
+              Flag("navigation", is_navigation) + Flag("download", is_download) +
+              " from=" + request_initiator.ToString());
+  }
+  disable_default = disable_default_handling;
+  return resources;
+}
+
 void RecordingClient::OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser,
                                                 TerminationStatus status) {
   Add(browser, "terminated " + std::to_string(status));
+  if (on_terminated) {
+    on_terminated();
+  }
 }
 
 bool RecordingClient::OnJSDialog(CefRefPtr<CefBrowser> browser,

@@ -26,6 +26,10 @@ class RecordingClient : public CefClient,
   bool log_titles = true;
   std::function<bool(const std::string& url)> cancel_navigation;
   std::function<void(CefRefPtr<CefBrowser>)> on_created;
+  std::function<void()> on_terminated;
+  /// Hears of the browsers' requests; set before the first browser.
+  CefRefPtr<CefResourceRequestHandler> resources;
+  bool disable_default_handling = false;
 
   /// The browsers that were created and not closed, oldest first.
   std::vector<CefRefPtr<CefBrowser>> Browsers() const;
@@ -88,6 +92,13 @@ class RecordingClient : public CefClient,
                       CefRefPtr<CefRequest> request,
                       bool user_gesture,
                       bool is_redirect) override;
+  CefRefPtr<CefResourceRequestHandler> GetResourceRequestHandler(CefRefPtr<CefBrowser> browser,
+                                                                 CefRefPtr<CefFrame> frame,
+                                                                 CefRefPtr<CefRequest> request,
+                                                                 bool is_navigation,
+                                                                 bool is_download,
+                                                                 const CefString& request_initiator,
+                                                                 bool& disable_default) override;
   void OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser, TerminationStatus status) override;
 
   bool OnJSDialog(CefRefPtr<CefBrowser> browser,

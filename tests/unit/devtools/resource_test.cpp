@@ -1,0 +1,569 @@
+// The client's resource callbacks on real requests.
+
+#include <gmock/gmock.h>
+
+#include "engine_fixture.h"
+#include "include/cef_request_context.h"
+#include "include/cef_request_context_handler.h"
+#include "include/cef_waitable_event.h"
+#include "include/wrapper/cef_closure_task.h"
+#include "recording_resources.h"
+
+namespace cefedition {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+using testing::UnorderedElementsAre;
+
+const std::vector<std::string> kResourceEvents = {"before-browse", "wanted",  "cookies",
+                                                  "before-load",   "handler", "redirect",
+                                                  "response",      "filter",  "complete"};
+
+class ResourceTest : public EngineTest {
+ protected:
+  ResourceTest() : resources_(new RecordingResources(&log_)) { client_->resources = resources_; }
+
+  /// Starts with a page that requests nothing, and forgets about its events.
+  void StartWithPage(const std::string& body = "page") {
+    server_.Add("/page", body);
+    ASSERT_TRUE(StartEngine());
+    CreateBrowser(client_, server_.Url("/page"));
+    ASSERT_TRUE(log_.WaitFor("idle"));
+    ASSERT_TRUE(WaitForAny("complete /page"));
+    log_.Clear();
+  }
+
+  /// Waits for an event that may have come already.
+  bool WaitForAny(const std::string& text) {
+    return log_.WaitUntil([&] { return !log_.Only({text}).empty(); });
+  }
+
+  /// What the page's fetch() brings: status, final path and text; or the error.
+  std::string Fetch(const std::string& path, const std::string& options = "{}") {
+    static int count = 0;
+    const std::string mark = "fetched " + std::to_string(++count) + " ";
+    Run("fetch('" + path + "', " + options + ").then(r => r.text().then(t => console.log('" + mark +
+        "' + r.status + ' ' + new URL(r.url).pathname + ' ' + t + '|')),"
+        " e => console.log('" +
+        mark + "' + e.name + '|'))");
+    EXPECT_TRUE(WaitForAny("console 2 [" + mark)) << path;
+    const std::vector<std::string> found = log_.Only({"console 2 [" + mark});
+    if (found.empty()) {
+      return {};
+    }
+    const size_t start = found.front().find(mark) + mark.size();
+    return found.front().substr(start, found.front().rfind("|]") - start);
+  }
+
+  std::vector<std::string> CompletionsOf(const std::string& path) const {
+    return log_.Only({"complete " + path + " "});
+  }
+
+  const CefRefPtr<RecordingResources> resources_;
+};
+
+TEST_F(ResourceTest, OneDocumentInOrder) {
+  server_.Add("/page", "<p>text");
+  ASSERT_TRUE(StartEngine());
+  CreateBrowser(client_, server_.Url("/page"));
+  ASSERT_TRUE(WaitForAny("complete"));
+  EXPECT_THAT(log_.Only(kResourceEvents),
+              ElementsAre("before-browse main GET " + server_.Url("/page"),
+                          "wanted main /page navigation from=", "cookies /page",
+                          "before-load /page", "handler /page", "response /page 200",
+                          "filter /page", "complete /page success 7"));
+}
+
+TEST_F(ResourceTest, EveryKindOfRequestIsAskedAboutAndEndsOnce) {
+  server_.Add("/page",
+              "<link rel=stylesheet href=/style.css><script src=/script.js></script>"
+              "<img src=/image.png><iframe src=/frame></iframe>"
+              "<script>fetch('/fetch'); const x = new XMLHttpRequest(); x.open('GET', '/xhr');"
+              " x.send(); navigator.sendBeacon('/beacon', 'b');</script>");
+  server_.Add("/frame", "frame");
+  ASSERT_TRUE(StartEngine());
+  CreateBrowser(client_, server_.Url("/page"));
+  const std::map<std::string, cef_resource_type_t> expected = {
+      {"/page", RT_MAIN_FRAME}, {"/style.css", RT_STYLESHEET}, {"/script.js", RT_SCRIPT},
+      {"/image.png", RT_IMAGE}, {"/frame", RT_SUB_FRAME},      {"/fetch", RT_XHR},
+      {"/xhr", RT_XHR},         {"/beacon", RT_PING}};
+  std::set<uint64_t> identifiers;
+  for (const auto& [path, type] : expected) {
+    ASSERT_TRUE(WaitForAny("complete " + path)) << path;
+    const RecordingResources::Completed completed = resources_->CompletedFor(path);
+    EXPECT_EQ(completed.request->GetResourceType(), type) << path;
+    EXPECT_EQ(completed.request->GetFirstPartyForCookies().ToString(), server_.Url("/page"));
+    EXPECT_EQ(completed.request->GetReferrerURL().ToString(),
+              path == "/page" ? "" : server_.Url("/page"))
+        << path;
+    EXPECT_EQ(completed.request->GetHeaderByName("Referer").ToString(), "") << path;
+    EXPECT_EQ(completed.response->GetURL().ToString(), server_.Url(path));
+    EXPECT_EQ(completed.response->GetMimeType().ToString(), "text/html");
+    identifiers.insert(completed.request->GetIdentifier());
+    EXPECT_THAT(log_.Only({"before-load " + path}), ElementsAre("before-load " + path));
+  }
+  ASSERT_TRUE(log_.WaitFor("idle"));
+  EXPECT_EQ(identifiers.size(), expected.size());
+  EXPECT_EQ(log_.Only({"complete"}).size(), expected.size());
+  const std::string origin = server_.Url("");
+  EXPECT_THAT(log_.Only({"wanted"}), Contains("wanted main /script.js from=" + origin));
+  EXPECT_THAT(log_.Only({"wanted"}), Contains("wanted sub: /frame navigation from=" + origin));
+}
+
+TEST_F(ResourceTest, HandlerOfTheContextIsAskedWhenTheClientHasNone) {
+  class ContextHandler : public CefRequestContextHandler {
+   public:
+    explicit ContextHandler(CefRefPtr<CefResourceRequestHandler> handler) : handler_(handler) {}
+    CefRefPtr<CefResourceRequestHandler> GetResourceRequestHandler(CefRefPtr<CefBrowser>,
+                                                                   CefRefPtr<CefFrame>,
+                                                                   CefRefPtr<CefRequest>,
+                                                                   bool,
+                                                                   bool,
+                                                                   const CefString&,
+                                                                   bool&) override {
+      return handler_;
+    }
+
+   private:
+    const CefRefPtr<CefResourceRequestHandler> handler_;
+    IMPLEMENT_REFCOUNTING(ContextHandler);
+  };
+  client_->resources = nullptr;
+  server_.Add("/page", "page");
+  ASSERT_TRUE(StartEngine());
+  HWND window = MakeHostWindow();
+  CefWindowInfo info;
+  info.SetAsChild(window, CefRect(0, 0, 300, 200));
+  const CefRefPtr<CefRequestContext> context =
+      CefRequestContext::CreateContext(CefRequestContextSettings(), new ContextHandler(resources_));
+  ASSERT_TRUE(CefBrowserHost::CreateBrowser(info, client_, server_.Url("/page"),
+                                            CefBrowserSettings(), nullptr, context));
+  EXPECT_TRUE(WaitForAny("complete /page success 4"));
+}
+
+TEST_F(ResourceTest, CancelledRequestReachesNoServer) {
+  server_.Add("/script.js", "console.log('ran')");
+  StartWithPage();
+  resources_->before_load = [](auto, auto) { return RV_CANCEL; };
+  EXPECT_EQ(Fetch("/script.js"), "TypeError");
+  EXPECT_THAT(CompletionsOf("/script.js"), ElementsAre("complete /script.js canceled 0"));
+  EXPECT_EQ(resources_->CompletedFor("/script.js").response->GetError(), ERR_ABORTED);
+  EXPECT_THAT(server_.Requests(), Not(Contains("/script.js")));
+  log_.Clear();
+  client_->First()->GetMainFrame()->LoadURL(server_.Url("/other"));
+  ASSERT_TRUE(log_.WaitFor("idle"));
+  EXPECT_THAT(log_.Only({"error", "complete"}),
+              UnorderedElementsAre("complete /other canceled 0",
+                                   "error main -3 ERR_ABORTED " + server_.Url("/other")));
+  EXPECT_THAT(server_.Requests(), Not(Contains("/other")));
+}
+
+TEST_F(ResourceTest, RequestWaitsForTheAnswerFromAnyThread) {
+  server_.Add("/data", "data");
+  StartWithPage();
+  CefRefPtr<CefCallback> pending;
+  resources_->before_load = [&](auto, CefRefPtr<CefCallback> callback) {
+    pending = callback;
+    log_.Add("pending");
+    return RV_CONTINUE_ASYNC;
+  };
+  Run("fetch('/data').then(r => r.text()).then(t => console.log('got ' + t))");
+  ASSERT_TRUE(log_.WaitFor("pending"));
+  EXPECT_THAT(server_.Requests(), Not(Contains("/data")));
+  // An answer counts once.
+  pending->Continue();
+  pending->Cancel();
+  EXPECT_TRUE(log_.WaitFor("console 2 [got data]"));
+  EXPECT_TRUE(WaitForAny("complete /data success 4"));
+  Run("fetch('/data').catch(e => console.log('failed ' + e.name))");
+  ASSERT_TRUE(log_.WaitFor("pending"));
+  pending->Cancel();
+  EXPECT_TRUE(log_.WaitFor("console 2 [failed TypeError]"));
+  EXPECT_THAT(CompletionsOf("/data"),
+              ElementsAre("complete /data success 4", "complete /data canceled 0"));
+}
+
+TEST_F(ResourceTest, AnswerThatIsLetGoLetsTheRequestGoOn) {
+  server_.Add("/data", "data");
+  StartWithPage();
+  resources_->before_load = [](auto, auto) { return RV_CONTINUE_ASYNC; };
+  EXPECT_EQ(Fetch("/data"), "200 /data data");
+}
+
+TEST_F(ResourceTest, UnansweredRequestEndsWithItsBrowser) {
+  StartWithPage();
+  CefRefPtr<CefCallback> pending;
+  resources_->before_load = [&](auto, CefRefPtr<CefCallback> callback) {
+    pending = callback;
+    log_.Add("pending");
+    return RV_CONTINUE_ASYNC;
+  };
+  Run("fetch('/data')");
+  ASSERT_TRUE(log_.WaitFor("pending"));
+  client_->First()->GetHost()->CloseBrowser(true);
+  ASSERT_TRUE(WaitForAny("closed"));
+  ASSERT_TRUE(WaitForAny("complete"));
+  EXPECT_THAT(CompletionsOf("/data"), ElementsAre("complete /data canceled 0"));
+  pending->Continue();
+  StopEngine();
+  EXPECT_EQ(CompletionsOf("/data").size(), 1u);
+  // Nothing of the engine keeps the request's object.
+  pending = nullptr;
+  EXPECT_TRUE(resources_->CompletedFor("/data").request);
+}
+
+TEST_F(ResourceTest, UnansweredRequestEndsWithItsDocument) {
+  server_.Add("/next", "next");
+  StartWithPage();
+  CefRefPtr<CefCallback> pending;
+  resources_->before_load = [&](CefRefPtr<CefRequest> request, CefRefPtr<CefCallback> callback) {
+    if (PathOf(request->GetURL()) != "/data") {
+      return RV_CONTINUE;
+    }
+    pending = callback;
+    log_.Add("pending");
+    return RV_CONTINUE_ASYNC;
+  };
+  Run("fetch('/data')");
+  ASSERT_TRUE(log_.WaitFor("pending"));
+  client_->First()->GetMainFrame()->LoadURL(server_.Url("/next"));
+  ASSERT_TRUE(WaitForAny("complete /next success 4"));
+  ASSERT_TRUE(WaitForAny("complete /data"));
+  pending->Continue();
+  EXPECT_EQ(Fetch("/next"), "200 /next next");
+  EXPECT_THAT(CompletionsOf("/data"), ElementsAre("complete /data canceled 0"));
+  EXPECT_THAT(server_.Requests(), Not(Contains("/data")));
+}
+
+TEST_F(ResourceTest, RewrittenUrlIsARedirect) {
+  server_.Add("/new", "new");
+  StartWithPage();
+  resources_->before_load = [&](CefRefPtr<CefRequest> request, auto) {
+    if (PathOf(request->GetURL()) == "/old") {
+      request->SetURL(server_.Url("/new"));
+      request->SetHeaderByName("X-Kept", "yes", true);
+    }
+    return RV_CONTINUE;
+  };
+  client_->First()->GetMainFrame()->LoadURL(server_.Url("/old"));
+  ASSERT_TRUE(log_.WaitFor("idle"));
+  ASSERT_TRUE(WaitForAny("complete"));
+  EXPECT_THAT(log_.Only(kResourceEvents),
+              ElementsAre("before-browse main GET " + server_.Url("/old"),
+                          "wanted main /old navigation from=", "cookies /old", "before-load /old",
+                          "redirect /old 307 /new",
+                          "before-browse main GET " + server_.Url("/new") + " redirect",
+                          "cookies /new", "before-load /new", "handler /new", "response /new 200",
+                          "filter /new", "complete /new success 3"));
+  EXPECT_EQ(client_->First()->GetMainFrame()->GetURL().ToString(), server_.Url("/new"));
+  EXPECT_THAT(log_.Only({"end"}), ElementsAre("end main 200"));
+  EXPECT_THAT(server_.Requests(), Not(Contains("/old")));
+  EXPECT_THAT(server_.RequestText("/new"), HasSubstr("X-Kept: yes\r\n"));
+  log_.Clear();
+  EXPECT_EQ(Fetch("/old", "{method: 'POST', body: 'text'}"), "200 /new new");
+  EXPECT_THAT(server_.RequestText("/new"), HasSubstr("POST /new"));
+  EXPECT_THAT(server_.RequestText("/new"), HasSubstr("\r\n\r\ntext"));
+}
+
+TEST_F(ResourceTest, RewrittenUrlMayLeadToAnotherOrigin) {
+  PageServer other;
+  PageServer::Page open_to_all;
+  open_to_all.body = "elsewhere";
+  open_to_all.headers = "Access-Control-Allow-Origin: *\r\n";
+  other.AddPage("/new", open_to_all);
+  StartWithPage();
+  resources_->before_load = [&](CefRefPtr<CefRequest> request, auto) {
+    if (PathOf(request->GetURL()) == "/old") {
+      request->SetURL(other.Url("/new"));
+    }
+    return RV_CONTINUE;
+  };
+  EXPECT_EQ(Fetch("/old"), "200 /new elsewhere");
+  EXPECT_EQ(Fetch(other.Url("/old")), "200 /new elsewhere");
+}
+
+TEST_F(ResourceTest, UrlThatIsSetAgainIsNoRedirect) {
+  server_.Add("/data?a=%20b", "data");
+  StartWithPage();
+  resources_->before_load = [&](CefRefPtr<CefRequest> request, auto) {
+    request->SetURL(" " + request->GetURL().ToString());
+    return RV_CONTINUE;
+  };
+  EXPECT_EQ(Fetch("/data?a=%20b#there"), "200 /data data");
+  EXPECT_THAT(log_.Only({"redirect"}), testing::IsEmpty());
+  log_.Clear();
+  client_->First()->GetMainFrame()->LoadURL(server_.Url("/page#there"));
+  client_->First()->Reload();
+  ASSERT_TRUE(WaitForAny("complete /page"));
+  EXPECT_THAT(log_.Only({"redirect"}), testing::IsEmpty());
+}
+
+TEST_F(ResourceTest, RewritingForEverComesToAnEnd) {
+  StartWithPage();
+  int count = 0;
+  resources_->before_load = [&](CefRefPtr<CefRequest> request, auto) {
+    request->SetURL(server_.Url("/again" + std::to_string(++count)));
+    return RV_CONTINUE;
+  };
+  EXPECT_EQ(Fetch("/start"), "TypeError");
+  ASSERT_TRUE(WaitForAny("complete"));
+  EXPECT_EQ(log_.Only({"complete"}).size(), 1u);
+  EXPECT_LE(count, 21);
+  EXPECT_EQ(server_.Requests().size(), 1u);
+}
+
+TEST_F(ResourceTest, ChangesToTheRequestReachTheServer) {
+  server_.Add("/data", "data");
+  StartWithPage();
+  resources_->before_load = [](CefRefPtr<CefRequest> request, auto) {
+    CefRequest::HeaderMap headers;
+    request->GetHeaderMap(headers);
+    headers.emplace("X-Added", "one");
+    // As with CEF, the last one of the same name counts.
+    headers.emplace("x-added", "two");
+    headers.erase("X-Mine");
+    request->SetHeaderMap(headers);
+    request->SetMethod("PUT");
+    CefRefPtr<CefPostData> data = CefPostData::Create();
+    CefRefPtr<CefPostDataElement> element = CefPostDataElement::Create();
+    element->SetToBytes(3, "\0\xff!");
+    data->AddElement(element);
+    request->SetPostData(data);
+    return RV_CONTINUE;
+  };
+  EXPECT_EQ(Fetch("/data", "{method: 'POST', body: 'x', headers: {'X-Mine': '1'}}"),
+            "200 /data data");
+  const std::string text = server_.RequestText("/data");
+  EXPECT_THAT(text, testing::StartsWith("PUT /data"));
+  EXPECT_THAT(text, HasSubstr("x-added: two\r\n"));
+  EXPECT_THAT(text, Not(HasSubstr("X-Added: one")));
+  EXPECT_THAT(text, Not(HasSubstr("X-Mine")));
+  EXPECT_THAT(text, HasSubstr("Referer: " + server_.Url("/page")));
+  EXPECT_TRUE(text.ends_with(std::string("\r\n\r\n\0\xff!", 7)));
+}
+
+TEST_F(ResourceTest, HeaderThatTheBrowserRefusesFailsTheRequest) {
+  StartWithPage();
+  resources_->before_load = [](CefRefPtr<CefRequest> request, auto) {
+    request->SetHeaderByName("X-Broken", "one\r\ntwo", true);
+    return RV_CONTINUE;
+  };
+  EXPECT_EQ(Fetch("/data"), "TypeError");
+  ASSERT_TRUE(WaitForAny("complete /data"));
+  EXPECT_EQ(CompletionsOf("/data").size(), 1u);
+}
+
+TEST_F(ResourceTest, RedirectMayBeChanged) {
+  PageServer::Page redirect;
+  redirect.status = 302;
+  redirect.headers = "Location: new?a=b\r\n";
+  server_.AddPage("/old", redirect);
+  server_.Add("/new?a=b", "new");
+  server_.Add("/else", "else");
+  StartWithPage();
+  EXPECT_EQ(Fetch("/old"), "200 /new new");
+  EXPECT_THAT(
+      log_.Only({"wanted", "before-load", "redirect", "response"}),
+      ElementsAre("wanted main /old from=" + server_.Url(""), "before-load /old",
+                  "redirect /old 302 /new?a=b", "before-load /new?a=b", "response /new?a=b 200"));
+  resources_->redirect = [&](auto, CefString& new_url) { new_url = "else"; };
+  log_.Clear();
+  client_->First()->GetMainFrame()->LoadURL(server_.Url("/old"));
+  ASSERT_TRUE(log_.WaitFor("idle"));
+  ASSERT_TRUE(WaitForAny("complete"));
+  EXPECT_THAT(log_.Only({"before-load", "redirect", "response", "complete", "address"}),
+              UnorderedElementsAre("before-load /old", "redirect /old 302 /new?a=b",
+                                   "before-load /else", "response /else 200",
+                                   "complete /else success 4", "address " + server_.Url("/else")));
+  EXPECT_EQ(std::ranges::count(server_.Requests(), "/new?a=b"), 1);
+}
+
+TEST_F(ResourceTest, ResponseMayRestartTheRequest) {
+  server_.Add("/first", "first");
+  server_.Add("/second", "second");
+  StartWithPage();
+  resources_->response = [&](CefRefPtr<CefRequest> request, auto) {
+    const bool again = PathOf(request->GetURL()) == "/first";
+    if (again) {
+      request->SetURL(server_.Url("/second"));
+    }
+    return again;
+  };
+  client_->First()->GetMainFrame()->LoadURL(server_.Url("/first"));
+  ASSERT_TRUE(log_.WaitFor("idle"));
+  ASSERT_TRUE(WaitForAny("complete"));
+  EXPECT_THAT(log_.Only({"before-load", "redirect", "response", "filter", "complete"}),
+              ElementsAre("before-load /first", "response /first 200", "before-load /second",
+                          "response /second 200", "filter /second", "complete /second success 6"));
+  EXPECT_THAT(log_.Only({"address", "end"}),
+              ElementsAre("address " + server_.Url("/second"), "end main 200"));
+  EXPECT_EQ(Evaluate("document.body.innerText"), "second");
+  EXPECT_EQ(Fetch("/first", "{method: 'POST', body: 'text'}"), "200 /second second");
+  EXPECT_THAT(server_.RequestText("/second"), HasSubstr("\r\n\r\ntext"));
+}
+
+TEST_F(ResourceTest, RestartMayKeepTheUrl) {
+  server_.Add("/data", "data");
+  StartWithPage();
+  resources_->response = [&](CefRefPtr<CefRequest> request, auto) {
+    const bool again = request->GetHeaderByName("X-Again").empty();
+    request->SetHeaderByName("X-Again", "yes", true);
+    return again;
+  };
+  EXPECT_EQ(Fetch("/data"), "200 /data data");
+  EXPECT_EQ(std::ranges::count(server_.Requests(), "/data"), 2);
+  EXPECT_THAT(server_.RequestText("/data"), HasSubstr("X-Again: yes"));
+}
+
+TEST_F(ResourceTest, BodiesOfPosts) {
+  for (const char* path : {"/none", "/text", "/bytes", "/form", "/long"}) {
+    server_.Add(path, "ok");
+  }
+  StartWithPage("<form method=post action=/form><input name=a value='b c'></form>");
+  Fetch("/none", "{method: 'POST'}");
+  EXPECT_EQ(BodyOf(resources_->CompletedFor("/none").request), "none");
+  Fetch("/text",
+        "{method: 'POST', body: '{\"a\":\"\\u00e4\"}',"
+        " headers: {'Content-Type': 'Application/JSON; charset=utf-8'}}");
+  const CefRefPtr<CefRequest> text = resources_->CompletedFor("/text").request;
+  EXPECT_EQ(BodyOf(text), "{\"a\":\"\xc3\xa4\"}");
+  EXPECT_EQ(text->GetMethod().ToString(), "POST");
+  EXPECT_EQ(text->GetHeaderByName("content-type").ToString(), "Application/JSON; charset=utf-8");
+  EXPECT_TRUE(text->GetPostData()->IsReadOnly());
+  Fetch("/bytes", "{method: 'POST', body: new Uint8Array([0, 255, 254, 128, 10])}");
+  EXPECT_EQ(BodyOf(resources_->CompletedFor("/bytes").request), std::string("\0\xff\xfe\x80\n", 5));
+  Fetch("/long", "{method: 'POST', body: 'x'.repeat(3000000)}");
+  EXPECT_EQ(BodyOf(resources_->CompletedFor("/long").request), std::string(3000000, 'x'));
+  EXPECT_EQ(resources_->CompletedFor("/text").length, 2);
+  Run("document.forms[0].submit()");
+  ASSERT_TRUE(WaitForAny("complete /form"));
+  EXPECT_EQ(BodyOf(resources_->CompletedFor("/form").request), "a=b+c");
+}
+
+TEST_F(ResourceTest, BodyOfSeveralElementsKeepsTheirOrder) {
+  server_.Add("/data", "ok");
+  StartWithPage();
+  Run("const form = new FormData(); form.append('a', 'first');"
+      " form.append('b', new Blob([new Uint8Array([255, 0, 1])])); form.append('c', 'last');"
+      " fetch('/data', {method: 'POST', body: form});");
+  ASSERT_TRUE(WaitForAny("complete /data success 2"));
+  const CefRefPtr<CefRequest> request = resources_->CompletedFor("/data").request;
+  EXPECT_EQ(request->GetPostData()->GetElementCount(), 3u);
+  const std::string body = BodyOf(request);
+  EXPECT_THAT(body, HasSubstr("first"));
+  EXPECT_THAT(body, HasSubstr(std::string("\r\n\r\n|\xff\0\1|\r\n", 11)));
+  EXPECT_LT(body.find("first"), body.find("last"));
+  EXPECT_THAT(request->GetHeaderByName("Content-Type").ToString(),
+              testing::StartsWith("multipart/form-data; boundary="));
+}
+
+TEST_F(ResourceTest, EveryOutcomeIsReportedOnce) {
+  server_.Add("/data", "data");
+  PageServer::Page held;
+  held.held = true;
+  server_.AddPage("/held", held);
+  StartWithPage();
+  EXPECT_EQ(Fetch("/data"), "200 /data data");
+  EXPECT_EQ(Fetch("/missing"), "404 /missing not found");
+  EXPECT_EQ(Fetch("http://127.0.0.1:64999/refused"), "TypeError");
+  Run("const abort = new AbortController(); fetch('/held', {signal: abort.signal})"
+      ".catch(e => console.log(e.name))");
+  ASSERT_TRUE(server_.WaitForRequest("/held"));
+  Run("abort.abort()");
+  ASSERT_TRUE(WaitForAny("complete /held"));
+  client_->First()->GetMainFrame()->LoadURL(server_.Url("/held"));
+  ASSERT_TRUE(WaitForAny("before-browse main GET " + server_.Url("/held")));
+  ASSERT_TRUE(log_.WaitUntil([&] { return std::ranges::count(server_.Requests(), "/held") == 2; }));
+  client_->First()->GetHost()->CloseBrowser(true);
+  ASSERT_TRUE(WaitForAny("closed"));
+  ASSERT_TRUE(log_.WaitUntil([&] { return CompletionsOf("/held").size() == 2; }));
+  StopEngine();
+  EXPECT_THAT(log_.Only({"complete"}),
+              ElementsAre("complete /data success 4", "complete /missing success 9",
+                          "complete /refused failed 0", "complete /held canceled 0",
+                          "complete /held canceled 0"));
+  const RecordingResources::Completed refused = resources_->CompletedFor("/refused");
+  EXPECT_EQ(refused.response->GetError(), ERR_CONNECTION_REFUSED);
+  EXPECT_EQ(refused.response->GetStatus(), 0);
+}
+
+TEST_F(ResourceTest, RequestsOfAWorkerEndWithTheirResponse) {
+  PageServer::Page script;
+  script.body = "fetch('/data').then(r => r.text()).then(t => postMessage(t))";
+  script.content_type = "text/javascript";
+  server_.AddPage("/worker.js", script);
+  server_.Add("/data", "data");
+  StartWithPage();
+  Run("new Worker('/worker.js').onmessage = e => console.log('worker ' + e.data)");
+  ASSERT_TRUE(log_.WaitFor("console 2 [worker data]"));
+  EXPECT_THAT(log_.Only({"complete"}),
+              ElementsAre("complete /worker.js success " + std::to_string(script.body.size()),
+                          "complete /data success 4"));
+}
+
+TEST_F(ResourceTest, SlowCallbackHoldsUpNothingButRequests) {
+  server_.Add("/data", "data");
+  StartWithPage();
+  const CefRefPtr<CefWaitableEvent> released = CefWaitableEvent::CreateWaitableEvent(
+      /*automatic_reset=*/false, /*initially_signaled=*/false);
+  resources_->before_load = [&](auto, auto) {
+    log_.Add("slow");
+    EXPECT_TRUE(released->TimedWait(20'000));
+    return RV_CONTINUE;
+  };
+  Run("fetch('/data').then(r => r.text()).then(t => console.log('got ' + t))");
+  ASSERT_TRUE(log_.WaitFor("slow"));
+  // The page runs script, another title reaches the client, and a window is made and closed, all of
+  // which takes the UI thread.
+  EXPECT_EQ(Evaluate("1 + 1"), "2");
+  Run("document.title = 'meanwhile'");
+  EXPECT_TRUE(log_.WaitFor("title meanwhile"));
+  const CefRefPtr<RecordingClient> other(new RecordingClient(&log_, "other "));
+  CreateBrowser(other, "data:text/html,<title>Other</title>");
+  EXPECT_TRUE(log_.WaitFor("other title Other"));
+  EXPECT_THAT(log_.Only({"console 2 [got"}), testing::IsEmpty());
+  released->Signal();
+  EXPECT_TRUE(log_.WaitFor("console 2 [got data]"));
+}
+
+TEST_F(ResourceTest, LanguagesChosenBeforeANavigationCountForIt) {
+  server_.Add("/next", "next");
+  StartWithPage();
+  client_->cancel_navigation = [](const std::string&) {
+    CefRefPtr<CefValue> languages = CefValue::Create();
+    languages->SetString("de-DE,de,en");
+    CefString error;
+    EXPECT_TRUE(CefRequestContext::GetGlobalContext()->SetPreference("intl.accept_languages",
+                                                                     languages, error));
+    return false;
+  };
+  for (const bool with_handler : {true, false}) {
+    client_->resources = with_handler ? resources_ : nullptr;
+    log_.Clear();
+    client_->First()->GetMainFrame()->LoadURL(server_.Url("/next"));
+    ASSERT_TRUE(log_.WaitFor("idle"));
+    EXPECT_THAT(server_.RequestText("/next"),
+                HasSubstr("Accept-Language: de-DE,de;q=0.9,en;q=0.8\r\n"));
+    EXPECT_EQ(Evaluate("navigator.languages.join()"), "de-DE,de,en");
+  }
+}
+
+TEST_F(ResourceTest, CrashedPageLoadsAnotherFromInsideTheCallback) {
+  server_.Add("/start", "start");
+  StartWithPage();
+  client_->on_terminated = [this] {
+    client_->First()->GetMainFrame()->LoadURL(server_.Url("/start"));
+  };
+  client_->First()->GetMainFrame()->LoadURL("chrome://crash");
+  ASSERT_TRUE(log_.WaitFor("terminated " + std::to_string(TS_PROCESS_CRASHED)));
+  ASSERT_TRUE(log_.WaitFor("end main 200"));
+  EXPECT_EQ(client_->First()->GetMainFrame()->GetURL().ToString(), server_.Url("/start"));
+  EXPECT_EQ(Evaluate("document.body.innerText"), "start");
+  EXPECT_TRUE(WaitForAny("complete /start success 5"));
+}
+
+}  // namespace
+}  // namespace cefedition
