@@ -50,8 +50,8 @@ def test_every_resource_is_told_with_its_type_before_it_is_asked_for(hosts, site
     site.page("/frame.html")
     url = site.page("/page.html", "<script src='/part.js'></script><iframe src='/frame.html'>",
                     head="<link rel='stylesheet' href='/style.css'>")
-    events = hosts.run([created(), loaded(),
-                        wait("BeforeResourceLoadNotify", URLStr="*/data.json")], url=url).succeeded()
+    events = hosts.run([created(), wait("BeforeResourceLoadNotify", URLStr="*/data.json"),
+                        loaded()], url=url).succeeded()
     told = {e["URLStr"]: e["requestTypeName"] for e in
             events.notifications("BeforeResourceLoadNotify")}
     assert told == {url: "MainFrame", site.url("/part.js"): "Script", site.url("/style.css"): "",
@@ -148,9 +148,10 @@ def test_host_restarts_a_navigation_with_another_url(hosts, site):
 
 
 def test_languages_of_the_settings_reach_the_page(hosts, site):
-    url = site.page("/page.html", "<script>fetch('/said?' + navigator.languages)</script>")
+    url = site.page("/page.html")
     hosts.run([do("init", settings={"AcceptLanguageList": "de-CH,de,fr"}),
                do("browser", name="b1", url=url), created(), loaded(),
+               script("fetch('/said?' + navigator.languages)"),
                wait("ResourceResponseNotify", URLStr=site.url("/said?*"))]).succeeded()
     assert "/said?de-CH,de,fr" in site.paths()
     language = site.wait_for("/page.html").headers["Accept-Language"]
@@ -158,10 +159,11 @@ def test_languages_of_the_settings_reach_the_page(hosts, site):
 
 
 def test_query_of_a_page_gets_no_answer_of_a_host(hosts, site):
-    url = site.page("/page.html", "<script>cefQuery({request: 'x', onFailure: (code, text) =>"
-                                  " fetch(`/failed?${code},${text}`)})</script>")
-    hosts.run([created(), loaded(), wait("BeforeResourceLoadNotify", URLStr="*/failed?*")],
-              url=url).succeeded()
+    hosts.run([created(), loaded(),
+               script("cefQuery({request: 'x', onFailure: (code, text) =>"
+                      " fetch(`/failed?${code},${text}`)})"),
+               wait("ResourceResponseNotify", URLStr="*/failed?*")],
+              url=site.page("/page.html")).succeeded()
     assert "/failed?-1,The%20query%20has%20been%20canceled" in site.paths()
 
 
