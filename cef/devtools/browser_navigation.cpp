@@ -12,6 +12,7 @@
 #include "devtools/navigation_request.h"
 #include "devtools/net_error.h"
 #include "devtools/page_report.h"
+#include "devtools/protocol_execution.h"
 #include "devtools/request_content.h"
 #include "devtools/resource_requests.h"
 
@@ -291,6 +292,14 @@ void BrowserCore::OnFrameStartedNavigating(const Json& params) {
   if (loads_.OnNavigationStarted(frame_id, TextField(params, "loaderId"), TextField(params, "url"),
                                  TextField(params, "navigationType"), is_main)) {
     session_.Send("Page.stopLoading");
+    return;
+  }
+  const PendingNavigation* const pending = loads_.PendingOf(frame_id);
+  if (pending && IsForOtherPrograms(pending->url)) {
+    AskToExecute(*this, {.frame_id = frame_id,
+                         .url = pending->url,
+                         .transition = pending->transition,
+                         .user_gesture = pending->user_gesture});
   }
 }
 

@@ -34,6 +34,11 @@ bool IsInterceptable(const std::string& url) {
 
 LoadTracker::LoadTracker(Delegate* delegate) : delegate_(delegate) {}
 
+const PendingNavigation* LoadTracker::PendingOf(const std::string& frame_id) const {
+  const auto found = frames_.find(frame_id);
+  return found != frames_.end() && found->second.pending ? &*found->second.pending : nullptr;
+}
+
 void LoadTracker::ExpectTransition(const std::string& frame_id, uint32_t transition) {
   frames_[frame_id].expected_transition = transition;
 }

@@ -61,6 +61,9 @@ class LoadTracker {
 
   bool IsLoading() const { return !loading_.empty(); }
 
+  /// The navigation of a frame that is under way; null when there is none.
+  const PendingNavigation* PendingOf(const std::string& frame_id) const;
+
   /// Says how the next navigation of a frame, which its page did not ask for, came about.
   void ExpectTransition(const std::string& frame_id, uint32_t transition);
 
