@@ -22,14 +22,9 @@ constexpr char kScript[] = R"((() => {
       isTextField(node) && !node.matches(':disabled') && !node.readOnly ||
       (node.getAttribute('role') || '').toLowerCase() === 'textbox';
   let current = null;
-  const removals = new MutationObserver(() => {
-    if (current && !current.isConnected) report(null);
-  });
   const report = node => {
     if (node === current) return;
     current = node;
-    removals.disconnect();
-    if (node) removals.observe(document, {childList: true, subtree: true});
     cefeditionFocusReport(node && isEditable(node) ? 'editable' : '');
   };
   const focused = () => {
@@ -43,8 +38,8 @@ constexpr char kScript[] = R"((() => {
     const node = event.composedPath()[0];
     if (node instanceof Element) report(node);
   }, true);
-  // A window that loses the focus tells its node so, too, but the node keeps its place; and where
-  // another node takes over, that one is reported.
+  // A node hears it also when it is removed from the document, or when the window loses the focus,
+  // where the node keeps its place. Where another node takes over, that one is reported.
   window.addEventListener('focusout', event => {
     if (!event.relatedTarget && focused() !== current) report(focused());
   }, true);
