@@ -15,6 +15,7 @@
 #include "devtools/protocol_execution.h"
 #include "devtools/request_content.h"
 #include "devtools/resource_requests.h"
+#include "devtools/url_kinds.h"
 
 namespace cefedition {
 namespace {

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "devtools/url_kinds.h"
+
 namespace cefedition {
 namespace {
 
@@ -27,10 +29,6 @@ bool IsHistory(const std::string& type) {
 }
 
 }  // namespace
-
-bool IsInterceptable(const std::string& url) {
-  return url.starts_with("http:") || url.starts_with("https:");
-}
 
 LoadTracker::LoadTracker(Delegate* delegate) : delegate_(delegate) {}
 
@@ -221,12 +219,13 @@ void LoadTracker::OnStoppedLoading(const std::string& frame_id) {
   if (std::exchange(frame.document_open, false)) {
     const int status = frame.http_status;
     // The end of the old document is not the end of the navigation that will replace it.
-    const bool goes_on = frame.pending && !frame.pending->same_document;
+    const bool is_left = frame.pending && !frame.pending->same_document;
     delegate_->OnDocumentEnded(frame_id, status);
-    if (goes_on) {
+    if (is_left && !IsForOtherPrograms(frame.pending->url)) {
       return;
     }
-  } else if (frame.pending && !frame.pending->same_document) {
+  }
+  if (frame.pending && !frame.pending->same_document) {
     PendingNavigation aborted = *std::exchange(frame.pending, std::nullopt);
     if (aborted.error == ERR_NONE) {
       aborted.error = ERR_ABORTED;

@@ -142,7 +142,4 @@ class LoadTracker {
   std::set<std::string> loading_;
 };
 
-/// Whether the browser announces the requests of navigations to `url`, so that they can be held.
-bool IsInterceptable(const std::string& url);
-
 }  // namespace cefedition

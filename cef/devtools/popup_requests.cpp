@@ -5,6 +5,7 @@
 #include "devtools/browser_core.h"
 #include "devtools/engine.h"
 #include "devtools/json_fields.h"
+#include "devtools/url_kinds.h"
 
 namespace cefedition {
 namespace {

@@ -4,11 +4,8 @@
 
 #include <shellapi.h>
 
-#include <algorithm>
-#include <array>
 #include <atomic>
 #include <optional>
-#include <string_view>
 
 #include "devtools/browser_core.h"
 #include "devtools/engine_threads.h"
@@ -21,12 +18,6 @@
 
 namespace cefedition {
 namespace {
-
-constexpr std::array<std::string_view, 15> kBrowserSchemes = {
-    "about", "blob",       "chrome", "chrome-error", "chrome-untrusted",
-    "data",  "devtools",   "file",   "filesystem",   "http",
-    "https", "javascript", "ws",     "wss",          "view-source",
-};
 
 void ExecuteByShell(const std::wstring& url) {
   const HINSTANCE result =
@@ -78,13 +69,6 @@ bool IsAllowed(const CefRefPtr<CefClient>& client,
 }
 
 }  // namespace
-
-bool IsForOtherPrograms(const std::string& url) {
-  const std::optional<Url> parsed = ParseUrl(url);
-  return parsed && parsed->scheme.size() > 1 &&
-         std::find(kBrowserSchemes.begin(), kBrowserSchemes.end(), parsed->scheme) ==
-             kBrowserSchemes.end();
-}
 
 void AskToExecute(BrowserCore& core, const NavigationRequest& navigation) {
   const CefRefPtr<CefClient> client = core.client();

@@ -8,12 +8,8 @@ namespace cefedition {
 
 class BrowserCore;
 
-// Navigations to URLs that no browser loads ("mailto:", "tel:" and the like), which belong to the
-// programs of the operating system, if the client lets them have it.
-
-/// Whether another program is the only one that can make something of `url`. A scheme of one letter
-/// is none: the operating system would take it for a drive.
-bool IsForOtherPrograms(const std::string& url);
+// Navigations to URLs that no browser loads (`IsForOtherPrograms`): they are left to the programs
+// of the operating system if the client lets them have it.
 
 /// Asks the client's `OnProtocolExecution`, on the IO thread, and hands the URL to the operating
 /// system when it agrees. Without a client that cares nothing is executed. UI thread.

@@ -87,7 +87,7 @@ def crashes(hosts, site, lasting, before, *after):
     goes on with the steps `after`."""
     host = hosts.start([created(), loaded(), *before,
                         do("waitFile", path="connected", timeout=40_000), load("chrome://crash"),
-                        do("waitFile", path="crashed", timeout=40_000), do("mark"), *after],
+                        do("waitFile", path="crashed", timeout=40_000), *after],
                        url=site.url("/start.html"))
     assert lasting.opened.wait(40)
     (hosts.folder / "connected").touch()

@@ -4,7 +4,7 @@ import pytest
 
 from support import wine
 from support.hub import Hub, installed_library
-from support.steps import created, do, loaded
+from support.steps import created, do, loaded, wait
 
 
 @pytest.fixture
@@ -27,10 +27,11 @@ def page(site):
     return {"/page.html", "/part.js", "/style.css", "/picture.svg", "/data.json", "/frame.html"}
 
 
-def browse(hosts, hub, url, *, env=None, more=()):
+def browse(hosts, hub, url, *, env=None):
     port = {"HubPort": hub.port} if hub else {}
     return hosts.run([do("init", settings=port), do("browser", name="b1", url=url),
-                      created(), loaded(), *more], env=env)
+                      created(), wait("BeforeResourceLoadNotify", URLStr="*/data.json"),
+                      loaded()], env=env)
 
 
 def test_every_request_of_a_page_goes_through_the_hub_rewritten(hosts, hub, page, site, tmp_path):
@@ -39,9 +40,7 @@ def test_every_request_of_a_page_goes_through_the_hub_rewritten(hosts, hub, page
         events = browse(hosts, hub, "http://page.test:80/page.html", env={
             "KZ_HUB_REPLACE": "page.test>inner.test",
             "KZ_HUB_HEADERS": "X-Hub-Token:  42 \t|X-Hub-Link: http://skipped.test/|no header",
-            "KZ_HUB_COUNTS": wine.windows_path(counts)},
-            more=[do("wait", notification="BeforeResourceLoadNotify",
-                     where={"URLStr": "*/data.json"})]).succeeded()
+            "KZ_HUB_COUNTS": wine.windows_path(counts)}).succeeded()
     site.wait_for("/data.json")
     passed = hub.passed()
     assert {p.url for p in passed} >= {"http://inner.test" + path for path in page}

@@ -192,7 +192,7 @@ def test_slow_host_delays_requests_and_nothing_else(hosts, site):
         do("pixel", x=700, y=500, colour=blue, browser="b2", timeout=10_000),
         do("resize", browser="b2", width=640, height=480),
         do("pixel", x=600, y=440, colour=blue, browser="b2", timeout=10_000),
-        do("call", object="app", member="IsProcessingNotifications", args=[{"object": "b2"}],
+        do("call", object="app", member="IsProcessingNotifications",
            equals=True),
         wait("BeforeResourceLoadNotify", "b1", URLStr="*/slow.txt")]).succeeded()
     site.wait_for("/slow.txt")

@@ -74,6 +74,16 @@ TEST_F(LoadTrackerTest, EndOfTheOldDocumentIsNotTheEndOfTheNewNavigation) {
   EXPECT_FALSE(tracker_.IsLoading());
 }
 
+TEST_F(LoadTrackerTest, NavigationOfAnotherProgramEndsWithTheOldDocument) {
+  Begin("http://a/", "1");
+  tracker_.OnCommitted("m", "http://a/", "", true);
+  events_.clear();
+  tracker_.OnNavigationStarted("m", "2", "mailto:a@b", "differentDocument", true);
+  tracker_.OnStoppedLoading("m");
+  EXPECT_THAT(events_,
+              ElementsAre("ask mailto:a@b 2000001", "end m 200", "error m -3 mailto:a@b", "idle"));
+}
+
 TEST_F(LoadTrackerTest, ReplacedNavigationIsAborted) {
   Begin("http://a/", "1");
   events_.clear();

@@ -4,6 +4,7 @@
 
 #include <atomic>
 
+#include "devtools/url_kinds.h"
 #include "engine_fixture.h"
 #include "include/cef_resource_request_handler.h"
 #include "include/cef_task.h"
