@@ -16,9 +16,6 @@
 namespace cefedition {
 namespace {
 
-// As many redirects as the browser itself follows.
-constexpr int kMaxHops = 20;
-
 constexpr int kOk = 200;
 constexpr int kPartialContent = 206;
 constexpr int kTemporaryRedirect = 307;
@@ -133,11 +130,6 @@ void ResourceRequest::OnRedirectPaused(const Json& paused, const std::string& ac
   fetch_id_ = TextField(paused, "requestId");
   response_ = nullptr;
   request_ = MakeRequest(paused, origin_, request_->GetIdentifier());
-  if (++hops_ > kMaxHops) {
-    Fail();
-    Finish(UR_FAILED, ERR_TOO_MANY_REDIRECTS, received_);
-    return;
-  }
   OnBodyKnown();
 }
 

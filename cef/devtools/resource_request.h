@@ -118,7 +118,6 @@ class ResourceRequest : public std::enable_shared_from_this<ResourceRequest> {
   std::string network_id_;
   /// Counts the halts and decisions, so that a late answer finds no other halt to decide.
   int step_ = 0;
-  int hops_ = 0;
   bool asked_ = false;
   bool over_ = false;
   bool unfollowed_ = false;
