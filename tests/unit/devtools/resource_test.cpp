@@ -230,6 +230,7 @@ TEST_F(ResourceTest, UnansweredRequestEndsWithItsDocument) {
   Run("fetch('/data')");
   ASSERT_TRUE(log_.WaitFor("pending"));
   client_->First()->GetMainFrame()->LoadURL(server_.Url("/next"));
+  ASSERT_TRUE(log_.WaitFor("idle"));
   ASSERT_TRUE(WaitForAny("complete /next success 4"));
   ASSERT_TRUE(WaitForAny("complete /data"));
   pending->Continue();
@@ -296,6 +297,7 @@ TEST_F(ResourceTest, UrlThatIsSetAgainIsNoRedirect) {
   EXPECT_THAT(log_.Only({"redirect"}), testing::IsEmpty());
   log_.Clear();
   client_->First()->GetMainFrame()->LoadURL(server_.Url("/page#there"));
+  ASSERT_TRUE(log_.WaitFor("idle"));
   client_->First()->Reload();
   ASSERT_TRUE(WaitForAny("complete /page"));
   EXPECT_THAT(log_.Only({"redirect"}), testing::IsEmpty());
@@ -312,6 +314,12 @@ TEST_F(ResourceTest, RewritingForEverComesToAnEnd) {
   ASSERT_TRUE(WaitForAny("complete"));
   EXPECT_EQ(log_.Only({"complete"}).size(), 1u);
   EXPECT_LE(count, 21);
+  log_.Clear();
+  client_->First()->GetMainFrame()->LoadURL(server_.Url("/start"));
+  ASSERT_TRUE(WaitForAny("error main -310 ERR_TOO_MANY_REDIRECTS"));
+  ASSERT_TRUE(WaitForAny("complete"));
+  EXPECT_EQ(log_.Only({"complete"}).size(), 1u);
+  EXPECT_LE(count, 42);
   EXPECT_EQ(server_.Requests().size(), 1u);
 }
 
