@@ -21,6 +21,13 @@ bool IsResponse(const Json& paused) {
   return paused.contains("responseStatusCode") || paused.contains("responseErrorReason");
 }
 
+// The question to another origin whether a request may be made, which no page can make itself.
+bool IsPreflight(const Json& paused) {
+  const Json& request = Field(paused, "request");
+  return TextField(request, "method") == "OPTIONS" &&
+         Field(request, "headers").contains("Access-Control-Request-Method");
+}
+
 CefRefPtr<CefRequestContextHandler> ContextHandler(const BrowserCore& core) {
   const CefRefPtr<CefRequestContext> context = core.request_context();
   return context ? context->GetHandler() : nullptr;
@@ -197,7 +204,7 @@ void ResourceRequests::OnPaused(const Json& params,
   }
   const std::string network_id = TextField(params, "networkId");
   const std::string halt_id = TextField(params, "requestId");
-  if (IsResponse(params)) {
+  if (IsResponse(params) || IsPreflight(params)) {
     Send("Fetch.continueRequest", {{"requestId", halt_id}}, {});
   } else if (ended_.Find(network_id)) {
     // Given up by the page while the halt was on its way.

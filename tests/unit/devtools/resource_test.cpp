@@ -512,6 +512,18 @@ TEST_F(ResourceTest, RequestsOfAWorkerEndWithTheirResponse) {
                           "complete /data success 4"));
 }
 
+TEST_F(ResourceTest, PreflightsAreNoRequestsOfThePage) {
+  PageServer other;
+  PageServer::Page open_to_all;
+  open_to_all.body = "data";
+  open_to_all.headers = "Access-Control-Allow-Origin: *\r\nAccess-Control-Allow-Headers: *\r\n";
+  other.AddPage("/data", open_to_all);
+  StartWithPage();
+  EXPECT_EQ(Fetch(other.Url("/data"), "{headers: {'X-Own': '1'}}"), "200 /data data");
+  EXPECT_THAT(other.Requests(), ElementsAre("/data", "/data"));
+  EXPECT_EQ(log_.Only({"wanted"}).size(), 1u);
+}
+
 TEST_F(ResourceTest, SlowCallbackHoldsUpNothingButRequests) {
   server_.Add("/data", "data");
   StartWithPage();
