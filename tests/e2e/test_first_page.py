@@ -16,17 +16,20 @@ def test_url_of_the_command_line_is_opened_and_reported(hosts, site):
 
 
 def test_sample_page_runs_its_script_and_loads_its_frame(hosts, site):
-    site.folder(wine.REPOSITORY / "samples")
+    site.samples(wine.REPOSITORY / "samples")
     picture = hosts.folder / "sample.png"
     run = hosts.run(
-        [created(), loaded(),
+        [created(), wait("ResourceLoadCompleteNotify", RequestURL=site.url("/federated/search"),
+                         jsonStr='{"query":"windows"}'),
          # The header of the page.
          pixel(400, 6, "#17466e"),
          do("screenshot", file=wine.windows_path(picture))],
         url=site.url("/index.html"))
     events = run.succeeded()
-    for path in ("/index.html", "/style.css", "/page.js", "/picture.svg", "/frame.html"):
+    for path in ("/index.html", "/style.css", "/page.js", "/picture.svg", "/frame.html",
+                 "/frame.js", "/arrived.txt"):
         assert path in site.paths()
+    assert events.one("ResourceRedirectNotify")["NewURLStr"] == site.url("/arrived.txt")
     # The page and the frame inside it.
     assert events.values("LoadEndNotify", "httpStatus").count(200) >= 2
     assert image.colours(picture) > 100

@@ -65,12 +65,14 @@ class Site:
         self._answers[path] = Answer(status, {"Location": target}, b"")
         return self.url(path)
 
-    def folder(self, folder):
-        """Every file of a folder under its name."""
+    def samples(self, folder):
+        """Every file of the folder with the sample pages under its name, and what they ask for."""
         types = {".html": "text/html", ".css": "text/css", ".js": "text/javascript",
-                 ".svg": "image/svg+xml"}
+                 ".svg": "image/svg+xml", ".txt": "text/plain"}
         for file in folder.iterdir():
             self.raw("/" + file.name, file.read_bytes(), types[file.suffix])
+        self.redirect("/moved.txt", "/arrived.txt")
+        self.raw("/federated/search", b"3 results", "text/plain")
 
     def paths(self):
         with self._changed:
