@@ -96,7 +96,8 @@ class Router final : public CefMessageRouterBrowserSide {
                                 CefProcessId source_process,
                                 CefRefPtr<CefProcessMessage> message) override {
     CEF_REQUIRE_UI_THREAD();
-    if (source_process != PID_RENDERER || !message || !message->IsValid()) {
+    if (source_process != PID_RENDERER || !message || !message->IsValid() ||
+        !message->GetArgumentList()) {
       return false;
     }
     const std::string name = message->GetName();

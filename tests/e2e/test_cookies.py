@@ -101,7 +101,8 @@ def test_setting_answers_true_whatever_is_in_the_array(hosts, site, switches):
     hosts.run([
         created(), loaded(),
         do("setCookies", url=SECURE, cookies=[], hresult=0),
-        do("setCookies", url=SECURE, cookies=["{}", "", "no cookie", {"name": "n"}, cookie("n", "v")], hresult=0),
+        do("setCookies", url=SECURE, hresult=0,
+           cookies=["{}", "", "no cookie", {"name": "n"}, cookie("n", "v")]),
         do("call", object="cookies", member="SetUrlCookies", args=[SECURE, "no array"], equals=True,
            hresult=0),
         do("call", object="cookies", member="SetUrlCookies", args=[SECURE, None], equals=True,

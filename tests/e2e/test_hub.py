@@ -37,16 +37,18 @@ def browse(hosts, hub, url, *, env=None):
 def test_every_request_of_a_page_goes_through_the_hub_rewritten(hosts, hub, page, site, tmp_path):
     counts = tmp_path / "counts"
     with installed_library(hosts.variables):
-        events = browse(hosts, hub, "http://page.test:80/page.html", env={
+        run = browse(hosts, hub, "http://page.test:80/page.html", env={
             "KZ_HUB_REPLACE": "page.test>inner.test",
             "KZ_HUB_HEADERS": "X-Hub-Token:  42 \t|X-Hub-Link: http://skipped.test/|no header",
-            "KZ_HUB_COUNTS": wine.windows_path(counts)}).succeeded()
+            "KZ_HUB_COUNTS": wine.windows_path(counts), "CefLogEnabled": "1"})
+        events = run.succeeded()
     site.wait_for("/data.json")
     passed = hub.passed()
     assert {p.url for p in passed} >= {"http://inner.test" + path for path in page}
     assert [p.url for p in passed if not p.url.startswith("http://inner.test/")] == []
     assert {p.headers.get("X-Hub-Token") for p in passed} == {"42"}
     assert not any("X-Hub-Link" in p.headers for p in passed)
+    assert "KZCEF: KZCEF Trace:  Added Header - X-Hub-Token: 42" in run.output.splitlines()
     # The host hears of the URLs that the hub gets.
     heard = events.values("BeforeResourceLoadNotify", "URLStr")
     assert {"http://inner.test" + path for path in page} <= set(heard)

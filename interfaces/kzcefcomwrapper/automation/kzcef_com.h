@@ -68,11 +68,13 @@ class KZCEFCom final : public HostNotifications {
   bool started() const { return started_; }
   void set_started() { started_ = true; }
   void ExchangeHostClosing(bool closing) { host_closing_.exchange(closing); }
-  bool IsProcessing() const { return processing_.load(); }
+  bool IsProcessing() const { return processing_ > 0; }
 
   // HostNotifications:
   bool IsHostClosing() const override { return host_closing_.load(); }
-  bool ExchangeProcessing(bool processing) override { return processing_.exchange(processing); }
+  bool ExchangeProcessing(bool processing) override {
+    return (processing ? processing_++ : processing_--) > 0;
+  }
   bool IsAnyoneListening() const override { return !Snapshot()->empty(); }
   void AddressChangeNotify(HWND window, const std::wstring& new_address) override;
   void BeforeBrowseNotify(HWND window,
@@ -168,7 +170,8 @@ class KZCEFCom final : public HostNotifications {
   std::atomic<std::shared_ptr<const BrowserList>> browsers_{std::make_shared<const BrowserList>()};
   bool started_ = false;
   std::atomic<bool> host_closing_{false};
-  std::atomic<bool> processing_{false};
+  // How many notifications are under way: the engine's threads raise them side by side.
+  std::atomic<int> processing_{0};
   // Every browser object that exists, listed or not, by its IKZCEFComBrowser pointer.
   PointerMap<std::shared_ptr<BrowserLife>> lives_;
   // What walks see of pairs_.

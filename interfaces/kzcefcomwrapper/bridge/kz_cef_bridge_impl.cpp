@@ -40,6 +40,8 @@ kzCefBridgeImpl& BridgeSingleton() {
 
 bool kzCefBridgeImpl::Shutdown() {
   try {
+    // CEF wants its objects back before it ends; without the manager no cookie is set any more.
+    cookie_manager_ = nullptr;
     CefShutdown();
     ReleaseCacheLock();
     return true;

@@ -4,8 +4,8 @@
 namespace kzcef {
 
 // Makes the preference "intl.accept_languages" of the global request context, and so of every
-// browser of the process, the list of the host's settings, an empty one too. Leaves it alone when
-// the settings' list was given to the engine at start-up. A failure is ignored. UI thread.
+// browser of the process, the list of the host's settings, an empty one too. Leaves it alone for a
+// known kind of host that gave a list. A failure is ignored. UI thread.
 void AlignAcceptLanguages();
 
 }  // namespace kzcef

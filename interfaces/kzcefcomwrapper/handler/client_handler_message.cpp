@@ -14,7 +14,10 @@ bool kzCefClientHandler::OnProcessMessageReceived(CefRefPtr<CefBrowser> browser,
     return true;
   }
   if (message->GetName() == "ClientRenderer.FocusedNodeChanged") {
-    focus_on_editable_field_ = message->GetArgumentList()->GetBool(0);
+    // There is none in a message that carries shared memory.
+    if (const CefRefPtr<CefListValue> arguments = message->GetArgumentList()) {
+      focus_on_editable_field_ = arguments->GetBool(0);
+    }
   }
   // Deliberately false for the focus message, too: for CEF it stays unhandled.
   return false;

@@ -29,7 +29,8 @@ class HostNotifications {
 
   // True from the host's announcement that it is closing; then nothing may be raised any more.
   virtual bool IsHostClosing() const = 0;
-  // Atomically sets whether a notification is under way, and answers what was set before.
+  // Atomically begins (true) or ends a notification, and answers whether one was under way before.
+  // Beginnings and ends come in pairs; pairs of several threads may overlap.
   virtual bool ExchangeProcessing(bool processing) = 0;
   // Whether any handler serves any browser: what comes with every request of a
   // page need not be prepared for nobody.

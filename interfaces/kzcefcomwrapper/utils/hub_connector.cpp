@@ -161,17 +161,13 @@ void RewriteRequestForHub(CefRefPtr<CefRequest> request) {
   if (!CefParseURL(request->GetURL(), parts)) {
     return;
   }
-  const CefString scheme(&parts.scheme);
-  CefString port(&parts.port);
-  if ((scheme == "https" && port == "443") || (scheme == "http" && port == "80")) {
-    port.clear();
-  }
+  // Parsing has dropped the default port of the scheme.
   CefString url;
   if (!CefCreateURL(parts, url)) {
     return;
   }
   TransformUrlForHub(url, request);
-  // Also untransformed: the parsed URL has lost a default port.
+  // Also untransformed, so that a default port never reaches the hub.
   request->SetURL(url);
 }
 

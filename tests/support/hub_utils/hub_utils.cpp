@@ -22,6 +22,13 @@ std::unique_ptr<std::string> given_url;
 std::vector<std::unique_ptr<std::string>> given_lines;
 std::vector<const char*> given_pointers;
 
+void NoteDeletion(char which) {
+  const size_t length = std::strlen(plan.deletions);
+  if (length + 1 < sizeof plan.deletions) {
+    plan.deletions[length] = which;
+  }
+}
+
 std::string Environment(const char* name) {
   const char* const value = std::getenv(name);
   return value ? value : "";
@@ -87,6 +94,9 @@ void transformUrlForHub(const char** url, const char*** headers, int* count, uns
     ++plan.urls_given;
     *url = given_url->c_str();
   }
+  if (plan.clears_pointer) {
+    *url = nullptr;
+  }
   if (plan.headers) {
     for (int i = 0; i < plan.header_count; ++i) {
       given_lines.push_back(plan.headers[i] ? std::make_unique<std::string>(plan.headers[i])
@@ -101,6 +111,7 @@ void transformUrlForHub(const char** url, const char*** headers, int* count, uns
 }
 
 void deleteUrl(const char** url) {
+  NoteDeletion('u');
   // Called for the caller's own text too, when the plan gave none.
   if (given_url && *url == given_url->c_str()) {
     given_url.reset();
@@ -109,6 +120,7 @@ void deleteUrl(const char** url) {
 }
 
 void deleteHeaders(const char*** headers, int count) {
+  NoteDeletion('h');
   if (!given_pointers.empty() && *headers == given_pointers.data() &&
       count == static_cast<int>(given_pointers.size())) {
     given_pointers.clear();

@@ -176,6 +176,18 @@ TEST_F(ApplicationWithBridge, TellsWhetherANotificationIsUnderWay) {
   EXPECT_EQ(processing, VARIANT_FALSE);
 }
 
+TEST_F(ApplicationWithBridge, TellsOfANotificationThoughAnotherThreadsHasEnded) {
+  VARIANT_BOOL processing = VARIANT_FALSE;
+  EXPECT_FALSE(registry->ExchangeProcessing(true));
+  EXPECT_TRUE(registry->ExchangeProcessing(true));
+  EXPECT_TRUE(registry->ExchangeProcessing(false));
+  application->IsProcessingNotifications(&processing);
+  EXPECT_EQ(processing, VARIANT_TRUE);
+  EXPECT_TRUE(registry->ExchangeProcessing(false));
+  application->IsProcessingNotifications(&processing);
+  EXPECT_EQ(processing, VARIANT_FALSE);
+}
+
 TEST_F(ApplicationWithBridge, SurvivesMissingOutPointers) {
   EXPECT_EQ(application->IsProcessingNotifications(nullptr), S_OK);
   EXPECT_EQ(application->GetKzCEFBrowser(nullptr, 0, nullptr), S_OK);

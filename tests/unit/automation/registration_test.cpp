@@ -62,6 +62,14 @@ TEST_F(Registration, OfOneHandlerForTwoBrowsersKeepsTheFirst) {
   EXPECT_EQ(Reached(handler, second_window), 0);
 }
 
+TEST_F(Registration, MakesSomebodyListenForAsLongAsItLasts) {
+  EXPECT_FALSE(registry->IsAnyoneListening());
+  Register(browser, handler);
+  EXPECT_TRUE(registry->IsAnyoneListening());
+  application->UnRegisterKzCEFBrowserCallback(nullptr, 1, browser.Get(), &handler);
+  EXPECT_FALSE(registry->IsAnyoneListening());
+}
+
 TEST_F(Registration, NeedsBothObjects) {
   EXPECT_EQ(application->RegisterKzCEFBrowserCallback(nullptr, 1, nullptr, &handler), S_OK);
   EXPECT_EQ(application->RegisterKzCEFBrowserCallback(nullptr, 1, browser.Get(), nullptr), S_OK);

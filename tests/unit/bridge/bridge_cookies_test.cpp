@@ -75,6 +75,17 @@ TEST_F(BridgeCookies, NeedNoPreparation) {
               ElementsAre(TextOfCookie(L"n", L"v")));
 }
 
+TEST_F(PreparedBridgeCookies, GoBackToCefBeforeItsEnd) {
+  cef_.cookie_manager = nullptr;
+  cef_.on_shutdown = [&] { EXPECT_TRUE(store_->HasOneRef()); };
+  bridge_.Shutdown();
+  EXPECT_EQ(cef_.shutdown_count, 1);
+  EXPECT_FALSE(bridge_.SetUrlCookies(kUrl, kFrench));
+  EXPECT_EQ(bridge_.GetUrlCookies(kUrl).vt, VT_EMPTY);
+  EXPECT_EQ(bridge_.GetCookiesSync(true, nullptr).vt, VT_EMPTY);
+  EXPECT_THAT(store_->stored, IsEmpty());
+}
+
 TEST_F(BridgeCookies, AreNoneWithoutAStore) {
   cef_.cookie_manager = nullptr;
   bridge_.PrepareCookieAccess();

@@ -79,6 +79,30 @@ TEST_F(MessageTest, FocusWithoutAnArgumentOrOfAnotherTypeCountsAsFalse) {
   EXPECT_FALSE(handler_->focus_on_editable_field());
 }
 
+// One that carries shared memory.
+class MessageWithoutArguments : public CefProcessMessage {
+ public:
+  explicit MessageWithoutArguments(const char* name) : name_(name) {}
+  bool IsValid() override { return true; }
+  bool IsReadOnly() override { return true; }
+  CefRefPtr<CefProcessMessage> Copy() override { return this; }
+  CefString GetName() override { return name_; }
+  CefRefPtr<CefListValue> GetArgumentList() override { return nullptr; }
+  CefRefPtr<CefSharedMemoryRegion> GetSharedMemoryRegion() override { return nullptr; }
+
+ private:
+  const CefString name_;
+  IMPLEMENT_REFCOUNTING(MessageWithoutArguments);
+};
+
+TEST_F(MessageTest, WithoutArgumentsChangesNothing) {
+  ReceiveFocus("ClientRenderer.FocusedNodeChanged", true);
+  for (const char* const name : {"ClientRenderer.FocusedNodeChanged", "cefQueryMsg"}) {
+    EXPECT_FALSE(Receive(new MessageWithoutArguments(name))) << name;
+  }
+  EXPECT_TRUE(handler_->focus_on_editable_field());
+}
+
 TEST_F(MessageTest, FocusOutlivesALoad) {
   EXPECT_CALL(owner_, OnSetLoadingState(_, _, _)).Times(2);
   ReceiveFocus("ClientRenderer.FocusedNodeChanged", true);

@@ -279,6 +279,10 @@ TEST_F(UnheardRequestTest, MakesNoTextForAHostWithoutHandlers) {
   handler_->GetResourceResponseFilter(browser_, frame(), request, response);
   handler_->OnResourceLoadComplete(browser_, frame(), request, response, UR_SUCCESS, 0);
   EXPECT_EQ(request->url_reads, 0);
+  CefString new_url = "http://a.test/y";
+  handler_->OnResourceRedirect(browser_, frame(), request, response, new_url);
+  EXPECT_EQ(request->url_reads, 0);
+  // CEF's resource manager reads it, and the host, whose mock is strict, is not told.
   handler_->OnBeforeResourceLoad(browser_, frame(), request, nullptr);
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "hub_plan.h"
+#include "recording_cef/fake_request.h"
 #include "temporary_folder.h"
 #include "utils/hub_connector.h"
 #include "utils/kzcefwrapperutils.h"
@@ -65,10 +66,9 @@ class HubRewriting : public ::testing::Test {
     return *reinterpret_cast<kzhub::Plan* (*)()>(GetProcAddress(library, "hubPlan"))();
   }
 
-  static CefRefPtr<CefRequest> Request(const std::string& url) {
-    CefRefPtr<CefRequest> request = CefRequest::Create();
-    request->SetURL(url);
-    return request;
+  // One whose URL stays as it is written, a default port included.
+  static CefRefPtr<recording_cef::FakeRequest> Request(const std::string& url) {
+    return new recording_cef::FakeRequest(url);
   }
   static std::string Rewritten(const std::string& url) {
     const CefRefPtr<CefRequest> request = Request(url);
@@ -109,8 +109,7 @@ TEST_F(HubRewriting, LeavesRequestsAloneWhileTheHubIsOff) {
   SetConfiguredHubPort(-1);
   kzhub::Plan& plan = Install();
   plan.url = "http://hub/";
-  EXPECT_EQ(Rewritten("https://host:443/path"),
-            Request("https://host:443/path")->GetURL().ToString());
+  EXPECT_EQ(Rewritten("https://host:443/path"), "https://host:443/path");
   EXPECT_EQ(plan.calls, 0);
 }
 
@@ -132,8 +131,17 @@ TEST_F(HubRewriting, TakesTheUrlOfTheLibrary) {
 
 TEST_F(HubRewriting, KeepsTheUrlForANullPointer) {
   kzhub::Plan& plan = Install();
+  plan.clears_pointer = true;
   EXPECT_EQ(Rewritten("https://host/path"), "https://host/path");
   EXPECT_EQ(plan.calls, 1);
+  EXPECT_STREQ(plan.deletions, "uh");
+}
+
+TEST_F(HubRewriting, GivesBackWhatTheLibraryLeftAloneToo) {
+  // Kept deliberately: neither pointer is looked at before the calls.
+  kzhub::Plan& plan = Install();
+  EXPECT_EQ(Rewritten("https://host/path"), "https://host/path");
+  EXPECT_STREQ(plan.deletions, "uh") << "first the URL, then the headers";
 }
 
 TEST_F(HubRewriting, ClearsTheUrlForAnEmptyText) {
@@ -219,9 +227,9 @@ TEST_F(HubRewriting, LeavesRequestsAloneWhereTheLibraryHasNoSuchExport) {
 TEST_F(HubRewriting, LeavesAloneWhatIsNoUrl) {
   kzhub::Plan& plan = Install();
   plan.url = "http://hub/";
-  const CefRefPtr<CefRequest> request = CefRequest::Create();
-  RewriteRequestForHub(request);
-  EXPECT_EQ(request->GetURL(), "");
+  for (const char* const text : {"", "no url", "://host:443/"}) {
+    EXPECT_EQ(Rewritten(text), text);
+  }
   EXPECT_EQ(plan.calls, 0);
 }
 
