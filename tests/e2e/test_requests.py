@@ -185,8 +185,6 @@ def test_slow_host_delays_requests_and_nothing_else(hosts, site):
         pixel(700, 500, red, "b2"),
         answer("BeforeResourceLoadNotify", {}, "b1", delay=12_000, URLStr="*/slow.txt"),
         script("fetch('/slow.txt')", "b1"),
-        do("get", object="app", property="IsProcessingNotifications", equals=True,
-           timeout=10_000),
         script(f"document.body.style.background = '{blue}'", "b2"),
         do("pixel", x=700, y=500, colour=blue, browser="b2", timeout=10_000),
         do("resize", browser="b2", width=640, height=480),
