@@ -3,11 +3,10 @@
 
 #include <gmock/gmock.h>
 
-#include <memory>
 #include <string>
-#include <type_traits>
 #include <vector>
 
+#include "hub_place.h"
 #include "hub_plan.h"
 #include "recording_cef/fake_request.h"
 #include "temporary_folder.h"
@@ -18,53 +17,12 @@
 namespace kzcef {
 namespace {
 
-constexpr wchar_t kConnectors[] = L"SOFTWARE\\Velmora\\Q9_Common\\zMOD_Connectors";
-
-struct KeyCloser {
-  void operator()(HKEY key) const { RegCloseKey(key); }
-};
-using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
-
-Key CreateKey(HKEY parent, const std::wstring& name) {
-  HKEY key = nullptr;
-  EXPECT_EQ(
-      RegCreateKeyExW(parent, name.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr),
-      ERROR_SUCCESS);
-  return Key(key);
-}
-
-std::wstring InstalledLibrary() {
-  return std::wstring(KZ_HUB_INSTALLATION) + L"\\win_b64\\UKZC\\VLMCommHubUtils.dll";
-}
-
-// With the machine's part of the registry replaced by an empty place of the process's own.
 class HubRewriting : public ::testing::Test {
  protected:
-  HubRewriting() {
-    EXPECT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine_.get()), ERROR_SUCCESS);
-    SetConfiguredHubPort(8080);
-  }
-  ~HubRewriting() override {
-    RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
-    machine_.reset();
-    RegDeleteTreeW(HKEY_CURRENT_USER, place_.c_str());
-  }
+  HubRewriting() { SetConfiguredHubPort(8080); }
 
-  void SetPath(const std::wstring& path, DWORD type = REG_SZ) {
-    const Key key = CreateKey(machine_.get(), kConnectors);
-    EXPECT_EQ(
-        RegSetValueExW(key.get(), L"Path", 0, type, reinterpret_cast<const BYTE*>(path.c_str()),
-                       static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t))),
-        ERROR_SUCCESS);
-  }
-
-  // Installs the hub and answers the plan of its library.
-  kzhub::Plan& Install() {
-    SetPath(KZ_HUB_INSTALLATION);
-    const HMODULE library = LoadLibraryW(InstalledLibrary().c_str());
-    EXPECT_TRUE(library);
-    return *reinterpret_cast<kzhub::Plan* (*)()>(GetProcAddress(library, "hubPlan"))();
-  }
+  void SetPath(const std::wstring& path, DWORD type = REG_SZ) { place_.SetPath(path, type); }
+  kzhub::Plan& Install() { return place_.Install(); }
 
   // One whose URL stays as it is written, a default port included.
   static CefRefPtr<recording_cef::FakeRequest> Request(const std::string& url) {
@@ -77,9 +35,7 @@ class HubRewriting : public ::testing::Test {
   }
 
  private:
-  const std::wstring place_ =
-      L"Software\\KZCEFComWrapperHubTest" + std::to_wstring(GetCurrentProcessId());
-  Key machine_ = CreateKey(HKEY_CURRENT_USER, place_);
+  kzhub::HubPlace place_;
 };
 
 TEST_F(HubRewriting, FindsTheLibraryBelowTheRegisteredFolder) {
@@ -89,7 +45,7 @@ TEST_F(HubRewriting, FindsTheLibraryBelowTheRegisteredFolder) {
 }
 
 TEST_F(HubRewriting, FindsNoLibraryWithoutTheValue) {
-  CreateKey(HKEY_LOCAL_MACHINE, kConnectors);
+  kzhub::CreateKey(HKEY_LOCAL_MACHINE, kzhub::kConnectors);
   EXPECT_EQ(GetHubUtilsPath(), L"");
 }
 
