@@ -6,9 +6,9 @@
 
 namespace kzbench {
 
-/// One browser in a window of its own, with its engine. To be used and deleted on one thread, which
-/// takes window messages while it waits. Every member throws std::runtime_error when it fails or
-/// nothing happens for half a minute.
+/// One browser in a window of its own. To be used and deleted on one thread, which takes window
+/// messages while it waits. Every member throws std::runtime_error when it fails or nothing happens
+/// for half a minute.
 class Loader {
  public:
   virtual ~Loader() = default;
@@ -22,12 +22,16 @@ class Loader {
   Loader() = default;
 };
 
-/// The server at `path`, used early-bound, with a handler registered. Returns when the browser
-/// exists.
+/// The time in seconds in which `loader` loads `url`. Leaves a blank page, so that the next load is
+/// of a page that is not there yet.
+double TimeLoad(Loader& loader, const std::wstring& url);
+
+/// The server at `path` with its engine, used early-bound, with a handler registered. Returns when
+/// the browser exists.
 std::unique_ptr<Loader> MakeServerLoader(const std::wstring& path);
 
-/// CEF without the server, with the callbacks that a browser of the server's has. Returns when the
-/// browser exists.
+/// CEF with its engine and without the server, with the callbacks that a browser of the server's
+/// has. Returns when the browser exists.
 std::unique_ptr<Loader> MakeBareLoader();
 
 }  // namespace kzbench

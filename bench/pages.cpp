@@ -1,6 +1,5 @@
 #include <windows.h>
 
-#include <chrono>
 #include <stdexcept>
 
 #include "benchmarks.h"
@@ -13,10 +12,6 @@ namespace {
 // A load takes a tenth of a second and a start a second: fewer of them do.
 constexpr int kPageRepetitions = 15;
 constexpr int kStartRepetitions = 7;
-
-double SecondsSince(std::chrono::steady_clock::time_point start) {
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
 
 std::wstring Quote(const std::wstring& word) {
   return L"\"" + word + L"\"";
@@ -35,14 +30,15 @@ double TimeStart(const std::wstring& program, const std::wstring& server, const 
   STARTUPINFOW startup{};
   startup.cb = sizeof(startup);
   PROCESS_INFORMATION process{};
-  const auto start = std::chrono::steady_clock::now();
-  if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                      &startup, &process))
-    throw std::runtime_error("cannot start a copy of this program");
-  const UniqueHandle running(process.hProcess);
-  CloseHandle(process.hThread);
-  AwaitEvent(loaded.get(), "the started program's page");
-  const double taken = SecondsSince(start);
+  UniqueHandle running;
+  const double taken = TimePerCall(1, [&](int) {
+    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        nullptr, &startup, &process))
+      throw std::runtime_error("cannot start a copy of this program");
+    running.reset(process.hProcess);
+    CloseHandle(process.hThread);
+    AwaitEvent(loaded.get(), "the started program's page");
+  });
   AwaitEvent(running.get(), "the started program's end");
   return taken;
 }
@@ -58,14 +54,7 @@ void RunPage(const std::wstring& server, const std::wstring& url, const Effort& 
   const auto served = MakeServerLoader(server);
   const auto bare = MakeBareLoader();
   const auto timed = [&url](Loader& loader) {
-    return [&loader, &url] {
-      const auto start = std::chrono::steady_clock::now();
-      loader.Load(url);
-      const double taken = SecondsSince(start);
-      // So that each load is of a page that is not there yet.
-      loader.Load(L"about:blank");
-      return taken;
-    };
+    return [&loader, &url] { return TimeLoad(loader, url); };
   };
   Compare("page with 200 sub-resources", 1.05, WithRepetitions(effort, kPageRepetitions),
           timed(*served), timed(*bare));
