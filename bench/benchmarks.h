@@ -1,6 +1,7 @@
 // The benchmarks of kzbench.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "measure.h"
@@ -16,6 +17,11 @@ void RunNotifications(const Effort& effort);
 
 /// Loading `url` in a browser of the server's and in one of CEF's own, in this process.
 void RunPage(const std::wstring& server, const std::wstring& url, const Effort& effort);
+
+/// Loading `url` in a browser with the server's client, no handler registered, and in one whose
+/// callbacks do nothing, on one engine; with `hub_port` the hub is on at that port. Needs a process
+/// of its own.
+void RunRequests(const std::wstring& url, std::optional<int> hub_port, const Effort& effort);
 
 /// From the start of a process to the end of its first load of `url`, with the server and with CEF
 /// alone. `program` is this program's path, which is started as each.

@@ -19,11 +19,13 @@ constexpr char kUsage[] =
     "  late-bound     late-bound calls on the server's objects\n"
     "  notifications  the way of a notification to the host's handlers\n"
     "  page           loading URL in one running browser\n"
+    "  requests       the requests of URL through the server's callbacks, in a process of its own\n"
     "  start          from the start of a process to the end of its first load of URL\n"
     "\n"
     "Each figure stands beside its reference, measured in turns with it; the ratio is given as\n"
     "minimum, median and maximum over the repetitions.\n"
     "  --server DLL   the server; KZCEFComWrapper.dll beside this program without it\n"
+    "  --hub PORT     requests only: by a hub at this port\n"
     "  --short        a few repetitions of everything, to see that it runs\n";
 
 struct Options {
@@ -31,6 +33,7 @@ struct Options {
   std::wstring server;
   std::wstring url;
   std::wstring event;
+  std::optional<int> hub_port;
   bool brief = false;
 };
 
@@ -55,6 +58,8 @@ std::optional<Options> ReadOptions(int count, wchar_t** words) {
       server_given = true;
     } else if (word == L"--url" && has_value) {
       options.url = words[++at];
+    } else if (word == L"--hub" && has_value) {
+      options.hub_port = std::stoi(words[++at]);
     } else if (word == L"--event" && has_value) {
       options.event = words[++at];
     } else if (word.starts_with(L"-")) {
@@ -77,6 +82,8 @@ bool Run(const std::wstring& benchmark, const Options& options) {
     kzbench::RunNotifications(effort);
   else if (benchmark == L"page" && !options.url.empty())
     kzbench::RunPage(options.server, options.url, effort);
+  else if (benchmark == L"requests" && !options.url.empty())
+    kzbench::RunRequests(options.url, options.hub_port, effort);
   else if (benchmark == L"start" && !options.url.empty())
     kzbench::RunStart(ProgramPath(), options.server, options.url, effort);
   else

@@ -3,7 +3,8 @@
 
     run.py [--short] [--bin FOLDER] [BENCHMARK...]
 
-FOLDER holds kzbench.exe, kzbench_cookies.exe and KZCEFComWrapper.dll (build/mingw/bin without it).
+FOLDER holds kzbench.exe, kzbench_cookies.exe, kzbench_requests.exe and KZCEFComWrapper.dll
+(build/mingw/bin without it).
 Without names all benchmarks run. Under Linux the programs run under Wine; the browser windows need a DISPLAY.
 """
 
@@ -14,9 +15,10 @@ import sys
 import threading
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 from pathlib import Path
+from urllib.parse import urlsplit
 
 REPOSITORY = Path(__file__).resolve().parent.parent
-BENCHMARKS = ["cookies", "late-bound", "notifications", "page", "start"]
+BENCHMARKS = ["cookies", "late-bound", "notifications", "page", "requests", "requests-hub", "start"]
 SUB_RESOURCES = 200
 TIME_LIMIT_SECONDS = 1800
 
@@ -34,13 +36,15 @@ def picture(path: str) -> bytes:
 
 
 class Site(BaseHTTPRequestHandler):
+    """The site, which also answers as a forward proxy does in front of it, whatever its name."""
     protocol_version = "HTTP/1.1"
 
     def do_GET(self):
-        if self.path == "/":
+        path = urlsplit(self.path).path
+        if path == "/":
             self.answer("text/html; charset=utf-8", page())
-        elif self.path.startswith("/picture/"):
-            self.answer("image/svg+xml", picture(self.path))
+        elif path.startswith("/picture/"):
+            self.answer("image/svg+xml", picture(path))
         else:
             self.send_error(404)
 
@@ -61,6 +65,26 @@ class Server(ThreadingHTTPServer):
     daemon_threads = True
 
 
+def commands(benchmarks: list[str], port: int):
+    """The programs to run with their arguments; the site listens at `port`."""
+    site = ["--url", f"http://127.0.0.1:{port}/"]
+    together = []
+    for name in benchmarks:
+        if name == "cookies":
+            yield ["kzbench_cookies.exe"]
+        # Whether the hub is on, and the engine, are fixed once in a process.
+        elif name == "requests":
+            yield ["kzbench_requests.exe"]
+            yield ["kzbench.exe", "requests", *site]
+        elif name == "requests-hub":
+            yield ["kzbench_requests.exe", "--hub"]
+            yield ["kzbench.exe", "requests", "--url", "http://page.test/", "--hub", str(port)]
+        else:
+            together.append(name)
+    if together:
+        yield ["kzbench.exe", *together, *site]
+
+
 def main() -> int:
     parser = argparse.ArgumentParser(description="Runs the benchmarks.")
     parser.add_argument("--short", action="store_true",
@@ -73,26 +97,20 @@ def main() -> int:
     if unknown:
         parser.error(f"unknown: {', '.join(sorted(unknown))}")
 
-    benchmarks = arguments.benchmarks or BENCHMARKS
     brief = ["--short"] if arguments.short else []
     runner = [] if os.name == "nt" else [str(REPOSITORY / "cmake/run-wine")]
-    if "cookies" in benchmarks:
-        status = subprocess.run([*runner, str(arguments.bin / "kzbench_cookies.exe"), *brief],
-                                timeout=TIME_LIMIT_SECONDS).returncode
-        benchmarks = [name for name in benchmarks if name != "cookies"]
-        if status or not benchmarks:
-            return status
     with Server(("127.0.0.1", 0), Site) as site:
         threading.Thread(target=site.serve_forever, daemon=True).start()
-        command = [*runner, str(arguments.bin / "kzbench.exe"),
-                   *benchmarks,
-                   "--url", f"http://127.0.0.1:{site.server_address[1]}/",
-                   *brief]
         try:
-            status = subprocess.run(command, timeout=TIME_LIMIT_SECONDS).returncode
+            for program, *words in commands(arguments.benchmarks or BENCHMARKS,
+                                            site.server_address[1]):
+                status = subprocess.run([*runner, str(arguments.bin / program), *words, *brief],
+                                        timeout=TIME_LIMIT_SECONDS).returncode
+                if status:
+                    return status
         finally:
             site.shutdown()
-    return status
+    return 0
 
 
 if __name__ == "__main__":
