@@ -9,7 +9,7 @@
 namespace kzbench {
 namespace {
 
-// A load takes a tenth of a second and a start a second: fewer of them do.
+// Loads and starts take long: fewer of them do.
 constexpr int kPageRepetitions = 15;
 constexpr int kStartRepetitions = 7;
 
