@@ -12,6 +12,7 @@
 #include "recording_cef/fake_cookie_manager.h"
 #include "recording_cef/recording_cef.h"
 #include "unit/bridge/cookie_test.h"
+#include "unit/bridge/fake_runtime.h"
 #include "utils/process_settings.h"
 
 namespace kzcef {
@@ -76,6 +77,7 @@ TEST_F(BridgeCookies, NeedNoPreparation) {
 }
 
 TEST_F(PreparedBridgeCookies, GoBackToCefBeforeItsEnd) {
+  const testing::FakeRuntime runtime;
   cef_.cookie_manager = nullptr;
   cef_.on_shutdown = [&] { EXPECT_TRUE(store_->HasOneRef()); };
   bridge_.Shutdown();
