@@ -24,27 +24,29 @@ TIME_LIMIT_SECONDS = 1800
 
 
 def page() -> bytes:
-    images = "\n".join(f'<img src="/picture/{number}.svg" width="8" height="8">'
+    # Style sheets: the browser asks for them all at once, while it takes its time between pictures.
+    sheets = "\n".join(f'<link rel="stylesheet" href="/style/{number}.css">'
                        for number in range(SUB_RESOURCES))
-    return f"<!doctype html><title>{SUB_RESOURCES} pictures</title>\n{images}\n".encode()
+    return f"<!doctype html><title>{SUB_RESOURCES} style sheets</title>\n{sheets}\n".encode()
 
 
-def picture(path: str) -> bytes:
+def style(path: str) -> bytes:
     number = int("0" + "".join(c for c in path if c.isdigit()))
-    return (f'<svg xmlns="http://www.w3.org/2000/svg" width="8" height="8">'
-            f'<rect width="8" height="8" fill="#{number * 4096 % 0xffffff:06x}"/></svg>').encode()
+    return f"#a{number} {{ color: #{number * 4096 % 0xffffff:06x} }}".encode()
 
 
 class Site(BaseHTTPRequestHandler):
     """The site, which also answers as a forward proxy does in front of it, whatever its name."""
     protocol_version = "HTTP/1.1"
+    # Head and body are two writes, of which the second must not wait for the first one to arrive.
+    disable_nagle_algorithm = True
 
     def do_GET(self):
         path = urlsplit(self.path).path
         if path == "/":
             self.answer("text/html; charset=utf-8", page())
-        elif path.startswith("/picture/"):
-            self.answer("image/svg+xml", picture(path))
+        elif path.startswith("/style/"):
+            self.answer("text/css", style(path))
         else:
             self.send_error(404)
 
