@@ -288,7 +288,7 @@ TEST_F(ResourceHandlerTest, RangeIsSkippedTo) {
     }
     bool Read(void* data_out, int, int& bytes_read, CefRefPtr<CefResourceReadCallback>) override {
       bytes_read = static_cast<int>(10 - position_);
-      memcpy(data_out, "0123456789" + position_, 10 - position_);
+      memcpy(data_out, &"0123456789"[position_], 10 - position_);
       position_ = 10;
       return bytes_read > 0;
     }
