@@ -5,16 +5,16 @@
 #include <shellapi.h>
 
 #include <atomic>
-#include <optional>
 
 #include "devtools/browser_core.h"
 #include "devtools/engine_threads.h"
+#include "devtools/handler_choice.h"
 #include "devtools/log.h"
 #include "devtools/navigation_request.h"
+#include "devtools/request_content.h"
 #include "devtools/text.h"
 #include "include/cef_request_context_handler.h"
 #include "include/cef_resource_request_handler.h"
-#include "url.h"
 
 namespace cefedition {
 namespace {
@@ -30,15 +30,10 @@ void ExecuteByShell(const std::wstring& url) {
 
 std::atomic<void (*)(const std::wstring&)> g_execute = &ExecuteByShell;
 
-// A page's origin as a request names it: without the slash.
+// A page's origin as a request names it.
 std::string InitiatorOf(const EditionFrame& frame, uint32_t transition) {
-  const std::optional<Url> page = ParseUrl(frame.url());
-  std::string origin = page ? OriginOf(*page) : std::string();
-  if (origin.empty() || (transition & TT_DIRECT_LOAD_FLAG) != 0) {
-    return "null";
-  }
-  origin.pop_back();
-  return origin;
+  const std::string origin = OriginText(frame.url());
+  return origin.empty() || (transition & TT_DIRECT_LOAD_FLAG) != 0 ? "null" : origin;
 }
 
 // IO thread.
@@ -49,18 +44,10 @@ bool IsAllowed(const CefRefPtr<CefClient>& client,
                const CefRefPtr<CefRequest>& request,
                const std::string& initiator) {
   bool disable_default = false;
-  CefRefPtr<CefResourceRequestHandler> handler;
-  if (const CefRefPtr<CefRequestHandler> of_client = client->GetRequestHandler()) {
-    handler =
-        of_client->GetResourceRequestHandler(browser, frame, request, /*is_navigation=*/true,
-                                             /*is_download=*/false, initiator, disable_default);
-  }
   const CefRefPtr<CefRequestContextHandler> of_context = context ? context->GetHandler() : nullptr;
-  if (!handler && of_context) {
-    handler =
-        of_context->GetResourceRequestHandler(browser, frame, request, /*is_navigation=*/true,
-                                              /*is_download=*/false, initiator, disable_default);
-  }
+  const CefRefPtr<CefResourceRequestHandler> handler =
+      ChooseHandler(client->GetRequestHandler(), of_context, browser, frame, request,
+                    /*is_navigation=*/true, initiator, disable_default);
   bool allowed = false;
   if (handler) {
     handler->OnProtocolExecution(browser, frame, request, allowed);

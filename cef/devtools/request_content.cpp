@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "base/portable/base64.h"
+#include "base/portable/ascii.h"
 #include "base/portable/url.h"
 #include "devtools/base64_bytes.h"
 #include "devtools/json_fields.h"
@@ -72,14 +72,6 @@ std::string Trimmed(std::string_view text) {
   const size_t end = text.find_last_not_of(" \t\"");
   return start == std::string_view::npos ? std::string()
                                          : std::string(text.substr(start, end - start + 1));
-}
-
-std::string LowerCase(std::string text) {
-  std::ranges::transform(text, text.begin(), [](char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
-                                                : character;
-  });
-  return text;
 }
 
 bool IsRedirectStatus(int status) {
@@ -164,9 +156,9 @@ CefRefPtr<Response> MakeResponse(int status,
   response->SetHeaderMap(headers);
   response->SetURL(url);
   const std::string content_type = response->GetHeaderByName("Content-Type").ToString();
-  response->SetMimeType(LowerCase(Trimmed(content_type.substr(0, content_type.find(';')))));
+  response->SetMimeType(ToLowerAscii(Trimmed(content_type.substr(0, content_type.find(';')))));
   constexpr std::string_view kCharset = "charset=";
-  const size_t charset = LowerCase(content_type).find(kCharset);
+  const size_t charset = ToLowerAscii(content_type).find(kCharset);
   if (charset != std::string::npos) {
     const size_t start = charset + kCharset.size();
     response->SetCharset(
@@ -279,8 +271,7 @@ void RequestChanges::AddTo(Json& params) const {
     }
   }
   if (body) {
-    const std::string text = BodyText(*body);
-    params["postData"] = Base64Encode({reinterpret_cast<const uint8_t*>(text.data()), text.size()});
+    params["postData"] = EncodeBase64(BodyText(*body));
   }
 }
 
@@ -311,9 +302,9 @@ Json HeadersToProtocol(const CefRequest::HeaderMap& headers, bool unique_names) 
       continue;
     }
     if (unique_names) {
-      const std::string lower = LowerCase(key);
+      const std::string lower = ToLowerAscii(key);
       const auto same = std::find_if(list.begin(), list.end(), [&](const Json& known) {
-        return LowerCase(TextField(known, "name")) == lower;
+        return ToLowerAscii(TextField(known, "name")) == lower;
       });
       if (same != list.end()) {
         list.erase(same);

@@ -6,7 +6,6 @@
 #include <string_view>
 #include <utility>
 
-#include "base/portable/base64.h"
 #include "devtools/base64_bytes.h"
 #include "devtools/engine_threads.h"
 #include "devtools/json_fields.h"
@@ -19,10 +18,6 @@ namespace {
 constexpr int kOk = 200;
 constexpr int kPartialContent = 206;
 constexpr int kTemporaryRedirect = 307;
-
-std::string Encode(std::string_view text) {
-  return Base64Encode({reinterpret_cast<const uint8_t*>(text.data()), text.size()});
-}
 
 // The first byte of a range "bytes=100-"; 0 for all others.
 int64_t RangeStart(const std::string& header) {
@@ -209,9 +204,7 @@ void ResourceRequest::RedirectByClient() {
   request_->SetReadOnly(true);
   response_ =
       MakeResponse(kTemporaryRedirect, "Internal Redirect", {{"Location", url}}, original_->url);
-  CefString new_url = url;
-  handler_->OnResourceRedirect(origin_.browser, origin_.frame, request_, response_, new_url);
-  Redirect(ResolveAgainst(original_->url, new_url.ToString()));
+  Redirect(AskAboutRedirect(url));
 }
 
 void ResourceRequest::Redirect(const std::string& url) {
@@ -229,7 +222,7 @@ void ResourceRequest::Redirect(const std::string& url) {
   // Without a body, the browser would put only the headers in the place of a response that it has.
   Decide("Fetch.fulfillRequest", {{"responseCode", kTemporaryRedirect},
                                   {"responseHeaders", std::move(headers)},
-                                  {"body", Encode("redirected")}});
+                                  {"body", EncodeBase64("redirected")}});
 }
 
 void ResourceRequest::Serve(CefRefPtr<CefResourceHandler> handler) {
@@ -257,8 +250,8 @@ void ResourceRequest::OnServedHead(const ResourceHandlerReader::Head& head) {
     headers.emplace("Location", head.redirect_url);
   }
   const std::string range = request_->GetHeaderByName("Range").ToString();
-  if (status == kOk && RangeStart(range) > 0) {
-    range_start_ = RangeStart(range);
+  if (const int64_t start = RangeStart(range); status == kOk && start > 0) {
+    range_start_ = start;
     status = kPartialContent;
     if (head.length > range_start_) {
       headers.emplace("Content-Range", "bytes " + std::to_string(range_start_) + "-" +
@@ -273,12 +266,9 @@ void ResourceRequest::OnServedHead(const ResourceHandlerReader::Head& head) {
                     charset.empty() ? mime_type : mime_type + "; charset=" + charset);
   }
   response_ = MakeResponse(status, head.response->GetStatusText().ToString(), headers, url);
-  if (std::string target = RedirectTarget(*response_); !target.empty()) {
+  if (const std::string target = RedirectTarget(*response_); !target.empty()) {
     reader_->Cancel();
-    CefString new_url = target;
-    handler_->OnResourceRedirect(origin_.browser, origin_.frame, request_, response_, new_url);
-    target = ResolveAgainst(url, new_url.ToString());
-    Redirect(target);
+    Redirect(AskAboutRedirect(target));
     return;
   }
   if (AskAboutResponse()) {
@@ -309,6 +299,12 @@ void ResourceRequest::OnServedBody(cef_errorcode_t error, std::string body) {
     delegate_->OnDocumentServed(response_->GetStatus());
   }
   Fulfil(*filtered);
+}
+
+std::string ResourceRequest::AskAboutRedirect(const std::string& target) {
+  CefString new_url = target;
+  handler_->OnResourceRedirect(origin_.browser, origin_.frame, request_, response_, new_url);
+  return ResolveAgainst(request_->GetURL().ToString(), new_url.ToString());
 }
 
 bool ResourceRequest::AskAboutResponse() {
@@ -346,9 +342,7 @@ void ResourceRequest::OnResponsePaused(const Json& paused) {
   }
   response_ = ResponseFromProtocol(paused, request_->GetURL().ToString());
   if (const std::string target = RedirectTarget(*response_); !target.empty()) {
-    CefString new_url = target;
-    handler_->OnResourceRedirect(origin_.browser, origin_.frame, request_, response_, new_url);
-    const std::string wanted = ResolveAgainst(request_->GetURL().ToString(), new_url.ToString());
+    const std::string wanted = AskAboutRedirect(target);
     Json params = Json::object();
     if (!wanted.empty() && wanted != target) {
       params["url"] = wanted;
@@ -409,7 +403,7 @@ void ResourceRequest::Fulfil(const std::string& body) {
   }
   Json params = {{"responseCode", response_->GetStatus()},
                  {"responseHeaders", std::move(list)},
-                 {"body", Encode(body)}};
+                 {"body", EncodeBase64(body)}};
   if (const std::string phrase = response_->GetStatusText().ToString(); !phrase.empty()) {
     params["responsePhrase"] = phrase;
   }

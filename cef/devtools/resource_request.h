@@ -88,6 +88,9 @@ class ResourceRequest : public std::enable_shared_from_this<ResourceRequest> {
   void Serve(CefRefPtr<CefResourceHandler> handler);
   void OnServedHead(const ResourceHandlerReader::Head& head);
   void OnServedBody(cef_errorcode_t error, std::string body);
+  /// Tells the client of `response_`, which redirects to `target`. Answers where the request is to
+  /// go in the end, empty for a URL of the client's that is none.
+  std::string AskAboutRedirect(const std::string& target);
   /// The response is there. True when the client has the request made again.
   bool AskAboutResponse();
   bool TakeFilter();

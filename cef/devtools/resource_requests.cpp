@@ -5,6 +5,7 @@
 
 #include "devtools/browser_core.h"
 #include "devtools/engine_threads.h"
+#include "devtools/handler_choice.h"
 #include "devtools/json_fields.h"
 #include "devtools/net_error.h"
 
@@ -223,18 +224,10 @@ void ResourceRequests::Begin(const std::string& id,
   const std::string initiator =
       OriginText(is_document ? request->GetReferrerURL().ToString() : origin.document);
   bool disable_default_handling = false;
-  CefRefPtr<CefResourceRequestHandler> handler;
   request->SetReadOnly(true);
-  if (client_handler_) {
-    handler = client_handler_->GetResourceRequestHandler(origin.browser, origin.frame, request,
-                                                         is_document, /*is_download=*/false,
-                                                         initiator, disable_default_handling);
-  }
-  if (!handler && context_handler_) {
-    handler = context_handler_->GetResourceRequestHandler(origin.browser, origin.frame, request,
-                                                          is_document, /*is_download=*/false,
-                                                          initiator, disable_default_handling);
-  }
+  const CefRefPtr<CefResourceRequestHandler> handler =
+      ChooseHandler(client_handler_, context_handler_, origin.browser, origin.frame, request,
+                    is_document, initiator, disable_default_handling);
   const std::string halt_id = TextField(params, "requestId");
   request->SetReadOnly(false);
   if (!handler) {
