@@ -19,6 +19,8 @@ WPARAM KeyOf(wchar_t character) {
       return VK_TAB;
     case L'\b':
       return VK_BACK;
+    case L'\x1B':
+      return VK_ESCAPE;
     default: {
       const SHORT key = VkKeyScanW(character);
       return key == -1 ? 0 : static_cast<WPARAM>(LOBYTE(key));
@@ -28,14 +30,19 @@ WPARAM KeyOf(wchar_t character) {
 
 }  // namespace
 
-bool PostClick(HWND window, int x, int y) {
+bool PostClick(HWND window, MouseButton button, int x, int y) {
   if (!window) {
     return false;
   }
   const LPARAM position = MAKELPARAM(x, y);
   PostMessageW(window, WM_MOUSEMOVE, 0, position);
-  PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, position);
-  PostMessageW(window, WM_LBUTTONUP, 0, position);
+  if (button == MouseButton::kLeft) {
+    PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, position);
+    PostMessageW(window, WM_LBUTTONUP, 0, position);
+  } else {
+    PostMessageW(window, WM_RBUTTONDOWN, MK_RBUTTON, position);
+    PostMessageW(window, WM_RBUTTONUP, 0, position);
+  }
   return true;
 }
 

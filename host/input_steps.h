@@ -8,10 +8,13 @@
 
 namespace kzhost {
 
-// A click with the left button at a position of the client area. False without a window.
-bool PostClick(HWND window, int x, int y);
+enum class MouseButton { kLeft, kRight };
 
-// The keys for a text; "\n" is the Enter key, "\t" Tab, "\b" Backspace. False without a window.
+// A click at a position of the client area. False without a window.
+bool PostClick(HWND window, MouseButton button, int x, int y);
+
+// The keys for a text; "\n" is the Enter key, "\t" Tab, "\b" Backspace, U+001B Escape. False
+// without a window.
 bool PostText(HWND window, const std::wstring& text);
 
 }  // namespace kzhost

@@ -157,7 +157,10 @@ StepsRunner::Failure StepsRunner::Call(const Step& step) {
 StepsRunner::Failure StepsRunner::Click(const Step& step) {
   Failure failure;
   BrowserSession* session = Session(step, failure);
-  if (session && !PostClick(session->EngineWindow(), step.Number("x", 0), step.Number("y", 0))) {
+  const MouseButton button =
+      step.Text("button") == "right" ? MouseButton::kRight : MouseButton::kLeft;
+  if (session &&
+      !PostClick(session->EngineWindow(), button, step.Number("x", 0), step.Number("y", 0))) {
     return "the browser has no window yet";
   }
   return failure;

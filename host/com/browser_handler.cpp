@@ -35,6 +35,12 @@ class Exchange {
     places_.push_back({name, place});
   }
 
+  // A text that is shown and written down nowhere, only whether there is one.
+  void SecretInOut(const char* name, BSTR* place) {
+    arguments_[name] = place ? Json(SysStringLen(*place) == 0 ? "" : kMask) : Json(nullptr);
+    places_.push_back({name, place, true});
+  }
+
   void FlagInOut(const char* name, VARIANT_BOOL* place) {
     arguments_[name] = place ? Json(*place != VARIANT_FALSE) : Json(nullptr);
     places_.push_back({name, place});
@@ -48,7 +54,7 @@ class Exchange {
     for (const Place& place : places_) {
       const auto answer = answers.find(place.name);
       if (answer != answers.end() && WriteOne(place, *answer)) {
-        written[place.name] = *answer;
+        written[place.name] = place.is_secret ? Json(kMask) : *answer;
       }
     }
     return written;
@@ -58,7 +64,10 @@ class Exchange {
   struct Place {
     std::string name;
     std::variant<BSTR*, VARIANT_BOOL*> where;
+    bool is_secret = false;
   };
+
+  static constexpr char kMask[] = "***";
 
   static bool WriteOne(const Place& place, const Json& answer) {
     if (BSTR* const* text = std::get_if<BSTR*>(&place.where)) {
@@ -69,11 +78,15 @@ class Exchange {
       return false;
     }
     VARIANT_BOOL* flag = std::get<VARIANT_BOOL*>(place.where);
-    if (flag && answer.is_boolean()) {
-      *flag = answer.get<bool>() ? VARIANT_TRUE : VARIANT_FALSE;
-      return true;
+    if (!flag || !(answer.is_boolean() || answer.is_number_integer())) {
+      return false;
     }
-    return false;
+    if (answer.is_boolean()) {
+      *flag = answer.get<bool>() ? VARIANT_TRUE : VARIANT_FALSE;
+    } else {
+      *flag = answer.get<VARIANT_BOOL>();  // as it is: some members take -1 alone for true
+    }
+    return true;
   }
 
   Json arguments_ = Json::object();
@@ -253,8 +266,8 @@ class BrowserHandler final : public IKZCEFComBrowserHandler3 {
       x.TextInOut("realm", realm);
       x.TextInOut("scheme", scheme);
       x.FlagInOut("shouldContinue", proceed);
-      x.TextInOut("username", user_name);
-      x.TextInOut("password", password);
+      x.SecretInOut("username", user_name);
+      x.SecretInOut("password", password);
     });
   }
 

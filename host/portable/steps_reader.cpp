@@ -72,6 +72,13 @@ bool IsOfKind(const Json& value, ArgumentKind kind) {
   return false;
 }
 
+// A flag is answered as such, or by the sixteen bits that it consists of.
+bool IsAnswerOfKind(const Json& value, ArgumentKind kind) {
+  return IsOfKind(value, kind) ||
+         (kind == ArgumentKind::kFlag && IsInteger(value, std::numeric_limits<std::int16_t>::min(),
+                                                   std::numeric_limits<std::int16_t>::max()));
+}
+
 std::string Quote(std::string_view text) {
   return "\"" + std::string(text) + "\"";
 }
@@ -115,7 +122,7 @@ Complaint CheckArguments(const NotificationInfo& notification,
     if (only_in_out && !argument->in_out) {
       return Quote(name) + " of " + std::string(notification.name) + " cannot be answered";
     }
-    if (!IsOfKind(value, argument->kind)) {
+    if (!(only_in_out ? IsAnswerOfKind(value, argument->kind) : IsOfKind(value, argument->kind))) {
       return Quote(name) + " of " + std::string(notification.name) + " is of another kind";
     }
   }
@@ -141,11 +148,15 @@ Complaint CheckNotification(const Json& members) {
   return std::nullopt;
 }
 
-Complaint CheckScreenshot(const Json& members) {
-  if (members.contains("area")) {
-    const auto& area = members.at("area").get_ref<const std::string&>();
-    if (area != "window" && area != "view") {
-      return std::string(R"("area" must be "window" or "view")");
+// A member that is one of two words, where it is given.
+Complaint CheckChoice(const Json& members,
+                      const std::string& name,
+                      const std::string& first,
+                      const std::string& second) {
+  if (members.contains(name)) {
+    const auto& value = members.at(name).get_ref<const std::string&>();
+    if (value != first && value != second) {
+      return Quote(name) + " must be " + Quote(first) + " or " + Quote(second);
     }
   }
   return std::nullopt;
@@ -170,8 +181,10 @@ Complaint CheckStep(const StepInfo& info, const Json& members) {
     case Verb::kAnswer:
     case Verb::kWait:
       return CheckNotification(members);
+    case Verb::kClick:
+      return CheckChoice(members, "button", "left", "right");
     case Verb::kScreenshot:
-      return CheckScreenshot(members);
+      return CheckChoice(members, "area", "window", "view");
     case Verb::kInit:
       return CheckSwitches(members);
     default:

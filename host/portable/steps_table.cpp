@@ -27,6 +27,7 @@ constexpr MemberInfo kCall[] = {{"object", MemberKind::kText, kRequired},
                                 kResult};
 constexpr MemberInfo kClick[] = {{"x", MemberKind::kNumber, kRequired},
                                  {"y", MemberKind::kNumber, kRequired},
+                                 {"button", MemberKind::kText},
                                  kBrowserMember};
 constexpr MemberInfo kClose[] = {kBrowserMember};
 constexpr MemberInfo kCreate[] = {{"class", MemberKind::kText, kRequired},

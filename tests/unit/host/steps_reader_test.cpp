@@ -123,10 +123,34 @@ TEST(StepsReader, AnswersGoIntoInOutArgumentsOnly) {
   EXPECT_EQ(
       Complaint(R"({"do":"answer","notification":"BeforePopupNotify","set":{"URL":"http://a/"}})"),
       R"(steps:1: "URL" of BeforePopupNotify cannot be answered)");
-  EXPECT_EQ(Complaint(R"({"do":"answer","notification":"BeforePopupNotify","set":{"Continue":1}})"),
-            R"(steps:1: "Continue" of BeforePopupNotify is of another kind)");
+  EXPECT_EQ(
+      Complaint(R"({"do":"answer","notification":"BeforePopupNotify","set":{"Continue":"yes"}})"),
+      R"(steps:1: "Continue" of BeforePopupNotify is of another kind)");
   EXPECT_EQ(Complaint(R"({"do":"answer","notification":"BeforePopupNotify"})"),
             R"(steps:1: "answer" needs "set", an object)");
+}
+
+TEST(StepsReader, FlagsAreAnsweredBySixteenBitsToo) {
+  const auto complaint = [](const std::string& flag) {
+    return Complaint(R"({"do":"answer","notification":"KeyStrokeNotify","set":{"isEventHandled":)" +
+                     flag + "}}");
+  };
+  for (const char* flag : {"true", "-1", "1", "0", "32767", "-32768"}) {
+    EXPECT_EQ(complaint(flag), "") << flag;
+  }
+  for (const char* flag : {"32768", "-32769", "0.5", "null", "\"1\""}) {
+    EXPECT_NE(complaint(flag), "") << flag;
+  }
+  // What arrives is a flag.
+  EXPECT_NE(Complaint(R"({"do":"wait","notification":"LoadingStateChangeNotify",)"
+                      R"("where":{"IsLoading":1}})"),
+            "");
+}
+
+TEST(StepsReader, ClicksAreMadeWithOneOfTwoButtons) {
+  EXPECT_EQ(Complaint(R"({"do":"click","x":1,"y":2,"button":"right"})"), "");
+  EXPECT_EQ(Complaint(R"({"do":"click","x":1,"y":2,"button":"middle"})"),
+            R"(steps:1: "button" must be "left" or "right")");
 }
 
 TEST(StepsReader, ScreenshotsHaveTwoAreas) {
