@@ -1,5 +1,9 @@
 #include "handler/kz_cef_client_handler.h"
 
+#include <utility>
+
+#include "handler/posted_message.h"
+
 namespace kzcef {
 
 kzCefClientHandler::kzCefClientHandler(Delegate* delegate,
@@ -10,6 +14,12 @@ kzCefClientHandler::kzCefClientHandler(Delegate* delegate,
       resource_manager_(new CefResourceManager()),
       delegate_(delegate) {}
 
+kzCefClientHandler::~kzCefClientHandler() {
+  if (dispatcher_) {
+    RememberDispatcher(this, nullptr);
+  }
+}
+
 bool kzCefClientHandler::CreateBrowser(const CefWindowInfo& window_info,
                                        const CefBrowserSettings& settings,
                                        const CefString& url) {
@@ -18,6 +28,11 @@ bool kzCefClientHandler::CreateBrowser(const CefWindowInfo& window_info,
 
 void kzCefClientHandler::DetachDelegate(Delegate* delegate) {
   delegate_.compare_exchange_strong(delegate, nullptr);
+}
+
+void kzCefClientHandler::SetDispatcher(CefRefPtr<HostThreadDispatcher> dispatcher) {
+  RememberDispatcher(this, dispatcher);
+  dispatcher_ = std::move(dispatcher);
 }
 
 CefRefPtr<CefContextMenuHandler> kzCefClientHandler::GetContextMenuHandler() {

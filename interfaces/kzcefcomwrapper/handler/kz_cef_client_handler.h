@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "handler/host_thread_dispatcher.h"
 #include "include/cef_client.h"
 #include "include/wrapper/cef_message_router.h"
 #include "include/wrapper/cef_resource_manager.h"
@@ -54,6 +55,7 @@ class kzCefClientHandler : public CefClient,
 
   // `delegate` is not owned and may be null; `startup_url` (UTF-8) is the browser's first URL.
   kzCefClientHandler(Delegate* delegate, bool creation_flag, const std::string& startup_url);
+  ~kzCefClientHandler() override;
   kzCefClientHandler(const kzCefClientHandler&) = delete;
   kzCefClientHandler& operator=(const kzCefClientHandler&) = delete;
 
@@ -70,6 +72,11 @@ class kzCefClientHandler : public CefClient,
   // Stops calling `delegate`; nothing when another one has become the owner meanwhile. Any thread.
   // A call already on its way on the UI thread is not waited for.
   void DetachDelegate(Delegate* delegate);
+
+  // What parks the requests that need the host's thread, null at first. Set once, before the first
+  // browser is asked for.
+  CefRefPtr<HostThreadDispatcher> dispatcher() const { return dispatcher_; }
+  void SetDispatcher(CefRefPtr<HostThreadDispatcher> dispatcher);
 
   // Installs `handler` on the message router and keeps it until the last browser has closed. False,
   // and `handler` is freed, while there is no browser. UI thread.
@@ -243,6 +250,7 @@ class kzCefClientHandler : public CefClient,
   CefRefPtr<CefMessageRouterBrowserSide> message_router_;
   const CefRefPtr<CefResourceManager> resource_manager_;
   std::atomic<Delegate*> delegate_;
+  CefRefPtr<HostThreadDispatcher> dispatcher_;
   int32_t browser_count_ = 0;
   const std::string console_log_file_ = "console.log";
   bool first_console_message_ = true;

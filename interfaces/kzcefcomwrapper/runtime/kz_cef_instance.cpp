@@ -4,6 +4,7 @@
 
 #include "handler/contained_notification.h"
 #include "include/wrapper/cef_helpers.h"
+#include "runtime/pending_requests.h"
 #include "runtime/script_object.h"
 
 namespace kzcef {
@@ -30,7 +31,9 @@ int kzCefInstance::CreateBrowser(HWND parent, const CefString& url) {
   if (!parent) {
     return 0;
   }
-  return CreateBrowserWithHandler(parent, url, new kzCefClientHandler(this, false, url.ToString()));
+  const CefRefPtr<kzCefClientHandler> handler = new kzCefClientHandler(this, false, url.ToString());
+  handler->SetDispatcher(new PendingRequests());
+  return CreateBrowserWithHandler(parent, url, handler);
 }
 
 int kzCefInstance::CreateBrowserWithHandler(HWND parent,

@@ -9,6 +9,7 @@
 #include "runtime/cache_directory.h"
 #include "runtime/command_line_source.h"
 #include "runtime/kz_cef_app.h"
+#include "runtime/main_window.h"
 #include "runtime/settings_copy.h"
 #include "runtime/settings_reader.h"
 #include "utils/kzcefwrapperutils.h"
@@ -47,6 +48,7 @@ void UseCacheDirectory(const std::string& directory,
 
 bool Start(IKZCEFComSettings& host) {
   Application() = new kzCefApp;
+  UseThisThreadAsTheHosts();
   CefSettings settings;
   settings.no_sandbox = 1;
   SetCommandLineArgTable(SwitchesOf(host));

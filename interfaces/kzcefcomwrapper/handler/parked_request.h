@@ -1,0 +1,25 @@
+// A request of CEF's that only the host's own thread can finish.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+
+namespace kzcef {
+
+// Requests that are parked together share one question and its answer. Made on the thread on which
+// CEF raised the request; asked and answered on the host's thread, once at most; freed on either,
+// outside every lock.
+class ParkedRequest {
+ public:
+  virtual ~ParkedRequest() = default;
+
+  // Puts the question to the user, modally to `main_window` (which may be null), and answers the
+  // index of what was chosen, or -1 when the user chose nothing. No value when nothing could be
+  // asked.
+  virtual std::optional<int> Ask(HWND main_window) noexcept = 0;
+  // Completes the request with a choice that Ask made, here or at a request it is parked with.
+  virtual void Answer(int choice) noexcept = 0;
+};
+
+}  // namespace kzcef
