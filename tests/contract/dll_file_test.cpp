@@ -126,6 +126,17 @@ TEST(DllFile, CarriesTheTypeLibraryAsItsFirstInEnglish) {
   EXPECT_THAT(found, ElementsAre(std::pair(MAKEINTRESOURCEW(1), kEnglishUnitedStates)));
 }
 
+// The numbers are those of Windows' languages.
+TEST(DllFile, CarriesTheCertificateChooserInFourteenLanguages) {
+  const ServerLibrary server;
+  for (const WORD language :
+       {1028, 1029, 1031, 1033, 1036, 1040, 1041, 1042, 1045, 1046, 1049, 1055, 2052, 3082}) {
+    EXPECT_FALSE(Resource(server.module(), RT_DIALOG, 3000, language).empty()) << language;
+    // The block of the strings 0 to 15.
+    EXPECT_FALSE(Resource(server.module(), RT_STRING, 1, language).empty()) << language;
+  }
+}
+
 TEST(DllFile, StatesItsVersion) {
   const std::wstring path = ServerPath();
   std::vector<std::byte> block(GetFileVersionInfoSizeW(path.c_str(), nullptr));
