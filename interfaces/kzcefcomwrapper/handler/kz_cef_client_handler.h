@@ -195,6 +195,15 @@ class kzCefClientHandler : public CefClient,
       bool is_download,
       const CefString& request_initiator,
       bool& disable_default_handling) override;
+  // False for a single certificate, which CEF then takes by itself. True for any other number: the
+  // user chooses, on the host's thread, and the request waits meanwhile. Without a dispatcher CEF
+  // goes on with no certificate.
+  bool OnSelectClientCertificate(CefRefPtr<CefBrowser> browser,
+                                 bool isProxy,
+                                 const CefString& host,
+                                 int port,
+                                 const X509CertificateList& certificates,
+                                 CefRefPtr<CefSelectClientCertificateCallback> callback) override;
   // Loads the browser's first URL again, unless it is the site that has just crashed.
   void OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser, TerminationStatus status) override;
   void OnDocumentAvailableInMainFrame(CefRefPtr<CefBrowser> browser) override;

@@ -10,14 +10,11 @@
 #include <iterator>
 
 #include "com/module.h"
+#include "handler/posted_message.h"
 #include "server/class_table.h"
 #include "server/registration.h"
 
 using kzcef::ModuleStateScope;
-
-namespace kzcef {
-class kzCefClientHandler;
-}
 
 namespace {
 
@@ -28,6 +25,15 @@ struct ModuleLife {
   static inline bool constructed = false;
 };
 const ModuleLife module_life;
+
+// Keeps the DLL loaded while a dialog runs the host's message loop, from where the host may have
+// COM unload what is not in use.
+struct LoadedWhileInUse {
+  LoadedWhileInUse() noexcept { kzcef::ModuleLock::Add(); }
+  ~LoadedWhileInUse() { kzcef::ModuleLock::Release(); }
+  LoadedWhileInUse(const LoadedWhileInUse&) = delete;
+  LoadedWhileInUse& operator=(const LoadedWhileInUse&) = delete;
+};
 
 constexpr wchar_t kPerUser[] = L"user";
 
@@ -73,9 +79,12 @@ STDAPI DllInstall(BOOL install, PCWSTR command_line) {
   return result;
 }
 
-// The host returns the message that was posted to its main window here, on its own thread. No
-// callback parks a request for the host's thread, so every identifier is an unknown one, which by
-// contract has no effect.
-extern "C" void WINAPI HandlePostMsg(std::uint32_t, kzcef::kzCefClientHandler*) {
+// The host returns the message that was posted to its main window here, on its own thread, with
+// wParam and lParam unchanged. What they name may be long gone, or never have been.
+extern "C" void WINAPI HandlePostMsg(std::uint32_t identifier, kzcef::kzCefClientHandler* handler) {
   const ModuleStateScope module_state;
+  const LoadedWhileInUse loaded;
+  if (ModuleLife::constructed) {
+    kzcef::FinishPostedRequest(identifier, handler);
+  }
 }

@@ -1,0 +1,31 @@
+// A server's request for a client certificate, while the user chooses.
+#pragma once
+
+#include "handler/kz_cef_client_handler.h"
+#include "handler/parked_request.h"
+
+namespace kzcef {
+
+class CertificateRequest final : public ParkedRequest {
+ public:
+  // `site` is the asking server as the user is told of it. `handler` is kept, so that the address
+  // in the message to the host leads here for as long as the request waits, whatever becomes of the
+  // browser.
+  CertificateRequest(CefRefPtr<kzCefClientHandler> handler,
+                     const CefString& site,
+                     const CefRequestHandler::X509CertificateList& certificates,
+                     CefRefPtr<CefSelectClientCertificateCallback> callback);
+
+  std::optional<int> Ask(HWND main_window) noexcept override;
+  // Answers CEF with the certificate at that place of this request's own list, and with none where
+  // there is no such place. A request that is freed without this lets CEF go on with none, too.
+  void Answer(int choice) noexcept override;
+
+ private:
+  const CefRefPtr<kzCefClientHandler> handler_;
+  const CefString site_;
+  const CefRequestHandler::X509CertificateList certificates_;
+  const CefRefPtr<CefSelectClientCertificateCallback> callback_;
+};
+
+}  // namespace kzcef
