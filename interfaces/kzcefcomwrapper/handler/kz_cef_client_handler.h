@@ -138,11 +138,14 @@ class kzCefClientHandler : public CefClient,
                       const CefCursorInfo& custom_cursor_info) override;
 
   // CefDownloadHandler
-  // Leaves the callback alone, so CEF drops the download.
+  // Without the host's leave the callback is left alone, so CEF drops the download.
   void OnBeforeDownload(CefRefPtr<CefBrowser> browser,
                         CefRefPtr<CefDownloadItem> download_item,
                         const CefString& suggested_name,
                         CefRefPtr<CefBeforeDownloadCallback> callback) override;
+  void OnDownloadUpdated(CefRefPtr<CefBrowser> browser,
+                         CefRefPtr<CefDownloadItem> download_item,
+                         CefRefPtr<CefDownloadItemCallback> callback) override;
 
   // CefLifeSpanHandler
   // True cancels the popup: the host refused it or had the URL opened elsewhere, or it was a blank

@@ -128,17 +128,5 @@ TEST_F(HandlerTest, DetachesOnlyItsOwner) {
   EXPECT_EQ(handler_->delegate(), nullptr);
 }
 
-class RefusingCallback : public CefBeforeDownloadCallback {
- public:
-  void Continue(const CefString&, bool) override { FAIL() << "continued"; }
-
- private:
-  IMPLEMENT_REFCOUNTING(RefusingCallback);
-};
-
-TEST_F(HandlerTest, LetsCefDropADownload) {
-  handler_->OnBeforeDownload(browser_, nullptr, "file.bin", new RefusingCallback());
-}
-
 }  // namespace
 }  // namespace kzcef
