@@ -116,6 +116,19 @@ class kzCefClientHandler : public CefClient,
                                 CefProcessId source_process,
                                 CefRefPtr<CefProcessMessage> message) override;
 
+  // CefContextMenuHandler
+  // Without the environment variable of page_menu.h no page has a menu, whatever the host answers.
+  void OnBeforeContextMenu(CefRefPtr<CefBrowser> browser,
+                           CefRefPtr<CefFrame> frame,
+                           CefRefPtr<CefContextMenuParams> params,
+                           CefRefPtr<CefMenuModel> model) override;
+  // True for the handler's own commands, those without an action included.
+  bool OnContextMenuCommand(CefRefPtr<CefBrowser> browser,
+                            CefRefPtr<CefFrame> frame,
+                            CefRefPtr<CefContextMenuParams> params,
+                            int command_id,
+                            EventFlags event_flags) override;
+
   // CefDisplayHandler
   // The owner hears of the main frame's address, the host of every frame's.
   void OnAddressChange(CefRefPtr<CefBrowser> browser,
@@ -146,6 +159,28 @@ class kzCefClientHandler : public CefClient,
   void OnDownloadUpdated(CefRefPtr<CefBrowser> browser,
                          CefRefPtr<CefDownloadItem> download_item,
                          CefRefPtr<CefDownloadItemCallback> callback) override;
+
+  // CefDragHandler
+  // Always false: what is dragged may enter the page.
+  bool OnDragEnter(CefRefPtr<CefBrowser> browser,
+                   CefRefPtr<CefDragData> drag_data,
+                   DragOperationsMask mask) override;
+  void OnDraggableRegionsChanged(CefRefPtr<CefBrowser> browser,
+                                 CefRefPtr<CefFrame> frame,
+                                 const std::vector<CefDraggableRegion>& regions) override;
+
+  // CefFocusHandler
+  void OnTakeFocus(CefRefPtr<CefBrowser> browser, bool next) override;
+  // Always false: the browser may have the focus.
+  bool OnSetFocus(CefRefPtr<CefBrowser> browser, FocusSource source) override;
+
+  // CefKeyboardHandler
+  // The host hears of keys pressed outside editable fields. True when it handled one, which then
+  // does not reach the page.
+  bool OnPreKeyEvent(CefRefPtr<CefBrowser> browser,
+                     const CefKeyEvent& event,
+                     CefEventHandle os_event,
+                     bool* is_keyboard_shortcut) override;
 
   // CefLifeSpanHandler
   // True cancels the popup: the host refused it or had the URL opened elsewhere, or it was a blank

@@ -101,6 +101,14 @@ struct DevToolsCall {
   CefRefPtr<CefDictionaryValue> params;
 };
 
+// One call of CefBrowserHost::ShowDevTools.
+struct DevToolsWindow {
+  CefWindowInfo window_info;
+  CefRefPtr<CefClient> client;
+  CefBrowserSettings settings;
+  CefPoint inspected;
+};
+
 class FakeBrowserHost final : public CefBrowserHost {
  public:
   // What it was asked to do.
@@ -116,8 +124,8 @@ class FakeBrowserHost final : public CefBrowserHost {
   int print_count = 0;
   int was_resized_count = 0;
   int move_or_resize_started_count = 0;
-  int show_devtools_count = 0;
-  int close_devtools_count = 0;
+  std::vector<DevToolsWindow> devtools_windows;
+  size_t close_devtools_count = 0;
   std::vector<CefKeyEvent> key_events;
 
   // What it answers.
@@ -174,14 +182,18 @@ class FakeBrowserHost final : public CefBrowserHost {
     searches.push_back(searchText);
   }
   void StopFinding(bool) override {}
-  void ShowDevTools(const CefWindowInfo&,
-                    CefRefPtr<CefClient>,
-                    const CefBrowserSettings&,
-                    const CefPoint&) override {
-    ++show_devtools_count;
+  void ShowDevTools(const CefWindowInfo& window_info,
+                    CefRefPtr<CefClient> with,
+                    const CefBrowserSettings& settings,
+                    const CefPoint& inspected) override {
+    DevToolsWindow& shown = devtools_windows.emplace_back();
+    shown.window_info = window_info;
+    shown.client = with;
+    shown.settings = settings;
+    shown.inspected = inspected;
   }
   void CloseDevTools() override { ++close_devtools_count; }
-  bool HasDevTools() override { return show_devtools_count > close_devtools_count; }
+  bool HasDevTools() override { return devtools_windows.size() > close_devtools_count; }
   bool SendDevToolsMessage(const void* message, size_t message_size) override {
     devtools_messages.emplace_back(static_cast<const char*>(message), message_size);
     return true;
@@ -283,6 +295,7 @@ class FakeBrowser final : public CefBrowser {
   int stop_count = 0;
   int back_count = 0;
   int forward_count = 0;
+  int main_frame_reads = 0;
 
   // What it answers.
   int identifier;
@@ -314,6 +327,7 @@ class FakeBrowser final : public CefBrowser {
   bool IsPopup() override { return is_popup; }
   bool HasDocument() override { return has_main_frame; }
   CefRefPtr<CefFrame> GetMainFrame() override {
+    ++main_frame_reads;
     return has_main_frame ? CefRefPtr<CefFrame>(main_frame) : nullptr;
   }
   CefRefPtr<CefFrame> GetFocusedFrame() override {

@@ -25,20 +25,22 @@ class HandlerTest : public ::testing::Test {
   CefRefPtr<CefFrame> sub_frame() { return sub_frame_; }
   recording_cef::FakeBrowserHost& browser_host() { return *browser_->host; }
 
-  // The browser was cut off from the network, once.
-  void ExpectCutOff() {
-    ASSERT_EQ(browser_host().devtools_calls.size(), 1u);
-    const recording_cef::DevToolsCall& call = browser_host().devtools_calls.front();
+  // What the browser was last asked of its network, and no more often than `times`.
+  void ExpectEmulation(bool offline, size_t times) {
+    ASSERT_EQ(browser_host().devtools_calls.size(), times);
+    const recording_cef::DevToolsCall& call = browser_host().devtools_calls.back();
     EXPECT_EQ(call.message_id, 0);
     EXPECT_EQ(call.method.ToString(), "Network.emulateNetworkConditions");
     ASSERT_EQ(call.params->GetSize(), 4u);
     EXPECT_EQ(call.params->GetType("offline"), VTYPE_BOOL);
-    EXPECT_TRUE(call.params->GetBool("offline"));
+    EXPECT_EQ(call.params->GetBool("offline"), offline);
     for (const char* const key : {"latency", "downloadThroughput", "uploadThroughput"}) {
       EXPECT_EQ(call.params->GetType(key), VTYPE_DOUBLE) << key;
       EXPECT_EQ(call.params->GetDouble(key), 0.0) << key;
     }
   }
+  // The browser was cut off from the network, once.
+  void ExpectCutOff() { ExpectEmulation(true, 1); }
 
   recording_cef::RecordingCef& cef_ = recording_cef::RecordingCef::Get();
   PublishedMockHost host_;
