@@ -19,8 +19,8 @@ namespace kzcef {
 // the host's handlers, and decisions answered to CEF. A missing delegate, a missing host or one
 // that is closing is never an error: that part of a callback is left out.
 //
-// Callbacks arrive on CEF's UI thread, those of CefResourceRequestHandler and the getter of one on
-// its IO thread. No error leaves a callback.
+// Callbacks arrive on CEF's UI thread, those of CefResourceRequestHandler, the getter of one and
+// the request for credentials on its IO thread. No error leaves a callback.
 class kzCefClientHandler : public CefClient,
                            public CefContextMenuHandler,
                            public CefDisplayHandler,
@@ -233,6 +233,23 @@ class kzCefClientHandler : public CefClient,
       bool is_download,
       const CefString& request_initiator,
       bool& disable_default_handling) override;
+  // Proxies only. True when `callback` was answered or will be, which is in every case; false
+  // leaves the challenge of a server to CEF. IO thread.
+  bool GetAuthCredentials(CefRefPtr<CefBrowser> browser,
+                          const CefString& origin_url,
+                          bool is_proxy,
+                          const CefString& host,
+                          int port,
+                          const CefString& realm,
+                          const CefString& scheme,
+                          CefRefPtr<CefAuthCallback> callback) override;
+  // True continues the request to the one site whose own certificate is accepted; every other one
+  // is refused, and nobody is asked.
+  bool OnCertificateError(CefRefPtr<CefBrowser> browser,
+                          cef_errorcode_t cert_error,
+                          const CefString& request_url,
+                          CefRefPtr<CefSSLInfo> ssl_info,
+                          CefRefPtr<CefCallback> callback) override;
   // False for a single certificate, which CEF then takes by itself. True for any other number: the
   // user chooses, on the host's thread, and the request waits meanwhile. Without a dispatcher CEF
   // goes on with no certificate.
