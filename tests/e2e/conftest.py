@@ -14,6 +14,7 @@ import pytest
 sys.path.insert(0, str(Path(__file__).parent))
 
 from support import processes, wine  # noqa: E402
+from support.desk import Desk  # noqa: E402
 from support.host import HostStarter  # noqa: E402
 from support.site import Site  # noqa: E402
 
@@ -35,6 +36,11 @@ def prefix(display):
     folder = Path(os.environ.get("WINEPREFIX", wine.REPOSITORY / "build/wineprefix"))
     wine.prepare_prefix(folder, display)
     return folder
+
+
+@pytest.fixture(scope="session")
+def desk(display):
+    return Desk(display)
 
 
 @pytest.fixture

@@ -1,5 +1,6 @@
 """A small hub: a forward proxy on the loopback interface, and the installation of its library."""
 
+import base64
 import contextlib
 import http.client
 import http.server
@@ -22,10 +23,15 @@ class Passed:
 
 
 class Hub:
-    """Passes requests for any host name on to one site, and remembers them."""
+    """Passes requests for any host name on to one site, and remembers them. With `credentials`, a
+    user name and a password, it wants to see those first, and remembers what else it was shown."""
 
-    def __init__(self, site_url):
+    REALM = 'The "inner" office'
+
+    def __init__(self, site_url, credentials=None):
         self._target = urlsplit(site_url).netloc
+        self._wanted = self._basic(*credentials) if credentials else None
+        self.refused = []
         self._lock = threading.Lock()
         self._passed = []
         self._server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), self._handler_class())
@@ -44,6 +50,19 @@ class Hub:
         self._server.shutdown()
         self._server.server_close()
 
+    @staticmethod
+    def _basic(user, password):
+        return "Basic " + base64.b64encode(f"{user}:{password}".encode()).decode()
+
+    def _admits(self, shown):
+        """Whether the header that was shown will do."""
+        with self._lock:
+            if self._wanted in (None, shown):
+                return True
+            if shown:
+                self.refused.append(base64.b64decode(shown.removeprefix("Basic ")).decode())
+            return False
+
     def _handler_class(self):
         hub = self
 
@@ -51,6 +70,9 @@ class Hub:
             protocol_version = "HTTP/1.1"
 
             def do_GET(self):
+                if not hub._admits(self.headers.get("Proxy-Authorization")):
+                    self._ask_for_credentials()
+                    return
                 with hub._lock:
                     hub._passed.append(Passed(self.command, self.path, dict(self.headers)))
                 url = urlsplit(self.path)
@@ -75,6 +97,16 @@ class Hub:
                     onward.close()
 
             do_POST = do_GET
+
+            def _ask_for_credentials(self):
+                self.rfile.read(int(self.headers.get("Content-Length") or 0))
+                realm = hub.REALM.replace('"', '\\"')
+                self.send_response(407)
+                self.send_header("Proxy-Authenticate", f'Basic realm="{realm}"')
+                self.send_header("Content-Type", "text/html")
+                self.send_header("Content-Length", "11")
+                self.end_headers()
+                self.wfile.write(b"Who is it?\n")
 
             def log_message(self, *arguments):
                 pass

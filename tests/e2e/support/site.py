@@ -21,6 +21,7 @@ class Answer:
     headers: dict
     body: bytes
     gate: threading.Event | None = None
+    half_way: threading.Event | None = None
 
 
 class Site:
@@ -39,8 +40,9 @@ class Site:
 
     def close(self):
         for answer in self._answers.values():
-            if answer.gate:
-                answer.gate.set()
+            for event in (answer.gate, answer.half_way):
+                if event:
+                    event.set()
         self._server.shutdown()
         self._server.server_close()
 
@@ -56,9 +58,10 @@ class Site:
         self.raw(path, html.encode(), "text/html; charset=utf-8", status, headers, gate)
         return self.url(path)
 
-    def raw(self, path, body, content_type, status=200, headers=None, gate=None):
+    def raw(self, path, body, content_type, status=200, headers=None, gate=None, half_way=None):
+        """With `half_way` (an Event) the second half of the body comes only once that is set."""
         self._answers[path] = Answer(
-            status, {"Content-Type": content_type, **(headers or {})}, body, gate
+            status, {"Content-Type": content_type, **(headers or {})}, body, gate, half_way
         )
 
     def redirect(self, path, target, status=302):
@@ -68,7 +71,7 @@ class Site:
     def samples(self, folder):
         """Every file of the folder with the sample pages under its name, and what they ask for."""
         types = {".html": "text/html", ".css": "text/css", ".js": "text/javascript",
-                 ".svg": "image/svg+xml", ".txt": "text/plain"}
+                 ".svg": "image/svg+xml", ".txt": "text/plain", ".csv": "text/csv"}
         for file in folder.iterdir():
             self.raw("/" + file.name, file.read_bytes(), types[file.suffix])
         self.redirect("/moved.txt", "/arrived.txt")
@@ -118,7 +121,11 @@ class Site:
                     self.send_header("Content-Length", str(len(answer.body)))
                     self.send_header("Cache-Control", "no-store")
                     self.end_headers()
-                    self.wfile.write(answer.body)
+                    half = len(answer.body) // 2 if answer.half_way else len(answer.body)
+                    self.wfile.write(answer.body[:half])
+                    if answer.half_way:
+                        answer.half_way.wait(60)
+                        self.wfile.write(answer.body[half:])
                 except OSError:
                     pass  # the browser has gone meanwhile, which tests do to it
 
