@@ -2,6 +2,7 @@
 
 #include "devtools/json_fields.h"
 #include "devtools/log.h"
+#include "log_secrets.h"
 
 namespace cefedition {
 namespace {
@@ -13,7 +14,7 @@ constexpr size_t kLoggedLength = 500;
 
 void LogTraffic(const char* direction, std::string_view message) {
   if (IsLogged(LOGSEVERITY_VERBOSE)) {
-    Log(LOGSEVERITY_VERBOSE, direction + std::string(message.substr(0, kLoggedLength)));
+    Log(LOGSEVERITY_VERBOSE, direction + WithoutSecrets(message.substr(0, kLoggedLength)));
   }
 }
 
