@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "devtools/certificate_errors.h"
 #include "devtools/console_message.h"
 #include "devtools/dialogs.h"
 #include "devtools/edition_browser.h"
@@ -117,6 +118,9 @@ void BrowserCore::AttachPage(const std::string& target_id, const std::string& se
       }
     }
     send("Emulation.setUserAgentOverride", UserAgentParams(), {});
+    for (const auto& [method, params] : CertificateErrorCommands(*this)) {
+      send(method, params, {});
+    }
     EnableInterception(send);
     // Its answer comes once the page has taken all of the above.
     send("Page.getFrameTree", Json::object(),
@@ -144,7 +148,9 @@ void BrowserCore::EnableInterception(const PageSession::Sender& send) {
   send("Network.enable", {{"maxTotalBufferSize", 0}, {"maxResourceBufferSize", 0}}, {});
   // Whether a request is halted again with its response is decided for each.
   send("Fetch.enable",
-       {{"patterns", Json::array({{{"urlPattern", "*"}, {"requestStage", "Request"}}})}}, {});
+       {{"patterns", Json::array({{{"urlPattern", "*"}, {"requestStage", "Request"}}})},
+        {"handleAuthRequests", true}},
+       {});
 }
 
 void BrowserCore::OnPageSetUp(const Json& tree) {
@@ -266,6 +272,8 @@ void BrowserCore::Dispatch(const ProtocolEvent& event) {
     // A page that asked whether it may be left, and may not, stays.
     closing_ = closing_ && BoolField(params, "result");
     OnDialogClosed(*this);
+  } else if (method == "Security.certificateError") {
+    OnCertificateErrorEvent(*this, params);
   } else if (method == "Page.windowOpen") {
     popups_.OnWindowOpen(params);
   }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "devtools/devtools_access.h"
+#include "devtools/download_sources.h"
 #include "devtools/frame_tree.h"
 #include "devtools/load_tracker.h"
 #include "devtools/page_queries.h"
@@ -121,6 +122,10 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   void Enqueue(std::function<void()> task);
   /// A page that this one has opened waits for the client's decision.
   void OnPopupPage(const Json& target_info, const std::string& session_id);
+  /// What a frame has asked for is a download. Answers what is known of it.
+  DownloadSource OnDownloadBegins(const std::string& frame_id, const std::string& url);
+  /// Requests of this URL fail for their server's certificate, which was refused.
+  void OnCertificateRefused(const std::string& url, cef_errorcode_t error);
   /// The page closed itself, or was never opened.
   void OnPageGone();
   void OnPageCrashed(const std::string& status);
@@ -209,6 +214,7 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   ScriptContexts script_contexts_;
   PageQueries queries_;
   DevToolsAccess devtools_;
+  DownloadSources download_sources_;
   /// Null while no request is halted for the client.
   std::shared_ptr<ResourceRequests> requests_;
 

@@ -306,7 +306,9 @@ void BrowserCore::OnFrameStartedNavigating(const Json& params) {
 
 void BrowserCore::OnRequestPaused(const Json& params) {
   std::string accept_language;
-  if (TextField(params, "resourceType") == "Document") {
+  const bool is_download =
+      TextField(params, "resourceType") == "Document" && !download_sources_.OnPaused(params);
+  if (TextField(params, "resourceType") == "Document" && !is_download) {
     if (params.contains("responseStatusCode") || params.contains("responseErrorReason")) {
       const std::string reason = TextField(params, "responseErrorReason");
       loads_.OnResponse(TextField(params, "frameId"), IntField(params, "responseStatusCode"),
@@ -324,11 +326,22 @@ void BrowserCore::OnRequestPaused(const Json& params) {
     }
   }
   if (requests_) {
-    requests_->OnDocumentPaused(params, last_transition_, accept_language);
+    requests_->OnDocumentPaused(params, last_transition_, accept_language, is_download);
     return;
   }
   // A popup with a process of its own is set up only once its first request has its answer.
   session_.SendAtOnce("Fetch.continueRequest", {{"requestId", TextField(params, "requestId")}});
+}
+
+DownloadSource BrowserCore::OnDownloadBegins(const std::string& frame_id, const std::string& url) {
+  if (const auto frame = frames_->Find(frame_id); frame && requests_) {
+    requests_->OnDocumentKept(frame_id, frame->url());
+  }
+  return download_sources_.Find(url);
+}
+
+void BrowserCore::OnCertificateRefused(const std::string& url, cef_errorcode_t error) {
+  loads_.OnCertificateRefused(url, error);
 }
 
 bool BrowserCore::AskAboutDocument(const Json& params) {

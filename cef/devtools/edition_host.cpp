@@ -3,6 +3,8 @@
 #include <cmath>
 
 #include "devtools/browser_core.h"
+#include "devtools/download_pages.h"
+#include "devtools/engine.h"
 #include "devtools/engine_threads.h"
 #include "devtools/image_download.h"
 #include "devtools/navigation_entries.h"
@@ -113,7 +115,11 @@ void EditionHost::RunFileDialog(FileDialogMode,
   }
 }
 
-void EditionHost::StartDownload(const CefString&) {}
+void EditionHost::StartDownload(const CefString& url) {
+  core_->Post([text = url.ToString()](BrowserCore& core) {
+    core.engine().download_pages().Start(core.shared_from_this(), text);
+  });
+}
 
 void EditionHost::DownloadImage(const CefString& image_url,
                                 bool,

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "devtools/download_pages.h"
+#include "devtools/downloads.h"
 #include "devtools/engine_command_line.h"
 #include "devtools/engine_threads.h"
 #include "devtools/json_fields.h"
@@ -58,7 +60,8 @@ std::shared_ptr<Engine> Engine::Start(const CefSettings& settings,
 Engine::Engine()
     : refused_pages_([this](const std::string& session, const std::string& method, Json params) {
         Send(session, method, std::move(params));
-      }) {}
+      }),
+      download_pages_(std::make_unique<DownloadPages>(*this)) {}
 
 Engine::~Engine() = default;
 
@@ -116,6 +119,12 @@ bool Engine::Connect(std::string& error) {
         {"waitForDebuggerOnStart", true},
         {"flatten", true},
         {"filter", pages_only}});
+  if (const auto folder = DownloadFolder::Create(cache_path_)) {
+    downloads_ = std::make_shared<Downloads>(*this, folder);
+    downloads_->Begin();
+  } else {
+    Log(LOGSEVERITY_ERROR, "There is no folder for downloads");
+  }
   Send({}, "Browser.getVersion", Json::object(),
        [self = shared_from_this(), answered, reply](const ProtocolReply& version) {
          *reply = version;
@@ -146,6 +155,9 @@ void Engine::Stop() {
       for (const auto& browser : self->Browsers()) {
         browser->CloseNow();
       }
+      if (self->downloads_) {
+        self->downloads_->Stop();
+      }
       closed->Set();
     });
     if (posted && !closed->Wait(kCloseBrowsersTimeout)) {
@@ -171,6 +183,7 @@ void Engine::Stop() {
     last.swap(connection_);
   }
   process_.reset();
+  downloads_.reset();
   if (cache_is_temporary_) {
     RemoveProfileFolder(cache_path_);
   }
@@ -265,6 +278,35 @@ void Engine::CloseTarget(const std::string& target_id) {
   Send({}, "Target.closeTarget", {{"targetId", target_id}});
 }
 
+void Engine::OpenUnseenPage(
+    std::function<void(const std::string& target_id, const std::string& session_id)> done) {
+  Send({}, "Target.createTarget", {{"url", "about:blank"}, {"background", true}},
+       [weak = weak_from_this(), done = std::move(done)](const ProtocolReply& reply) {
+         const std::string target_id = TextField(reply.value, "targetId");
+         const auto self = weak.lock();
+         auto session = self ? self->unclaimed_sessions_.extract(target_id)
+                             : decltype(unclaimed_sessions_)::node_type();
+         if (session) {
+           done(target_id, session.mapped());
+         }
+       });
+}
+
+void Engine::OnDownloadWillBegin(const Json& params) {
+  const std::string frame_id = TextField(params, "frameId");
+  const std::string url = TextField(params, "url");
+  DownloadSource source;
+  std::shared_ptr<BrowserCore> core = download_pages_->BrowserOf(frame_id, url, source);
+  download_pages_->Close(frame_id);
+  for (const auto& browser : Browsers()) {
+    if (!core && browser->frames().Find(frame_id)) {
+      core = browser;
+      source = browser->OnDownloadBegins(frame_id, url);
+    }
+  }
+  downloads_->OnWillBegin(params, core, source);
+}
+
 void Engine::RefusePopup(const std::string& target_id, const std::string& session_id, bool loads) {
   refused_pages_.Refuse(target_id, session_id, loads);
   if (const std::shared_ptr<TaskThread> ui = FindEngineThread(TID_UI); ui && loads) {
@@ -345,10 +387,14 @@ void Engine::OnEvent(const ProtocolEvent& event) {
       if (const auto browser = FindByTarget(TextField(event.params, "targetId"))) {
         browser->OnPageCrashed(TextField(event.params, "status"));
       }
+    } else if (event.method == "Browser.downloadWillBegin" && downloads_) {
+      OnDownloadWillBegin(event.params);
+    } else if (event.method == "Browser.downloadProgress" && downloads_) {
+      downloads_->OnProgress(event.params);
     }
     return;
   }
-  if (refused_pages_.OnEvent(event)) {
+  if (refused_pages_.OnEvent(event) || download_pages_->OnEvent(event)) {
     return;
   }
   for (const auto& browser : Browsers()) {
@@ -406,6 +452,9 @@ void Engine::OnConnectionClosed() {
       "The browser process " + (reason.empty() ? "closed its connection" : reason));
   for (const auto& browser : Browsers()) {
     browser->CloseNow();
+  }
+  if (downloads_) {
+    downloads_->Stop();
   }
 }
 

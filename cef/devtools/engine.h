@@ -17,6 +17,9 @@
 
 namespace cefedition {
 
+class DownloadPages;
+class Downloads;
+
 /// What runs between CefInitialize and CefShutdown: the browser process, the connection to it, and
 /// the browsers.
 class Engine : public std::enable_shared_from_this<Engine> {
@@ -75,6 +78,11 @@ class Engine : public std::enable_shared_from_this<Engine> {
                   const std::string& target_id,
                   const std::string& session_id);
   void CloseTarget(const std::string& target_id);
+  /// Opens a page that belongs to no browser and waits to be set going. `done` is not called when
+  /// that fails.
+  void OpenUnseenPage(
+      std::function<void(const std::string& target_id, const std::string& session_id)> done);
+  DownloadPages& download_pages() { return *download_pages_; }
   /// Closes a page that waits for its first load, without letting it load. `loads` says whether it
   /// is about to request something.
   void RefusePopup(const std::string& target_id, const std::string& session_id, bool loads);
@@ -102,6 +110,7 @@ class Engine : public std::enable_shared_from_this<Engine> {
   void OnTargetCreated(const std::shared_ptr<BrowserCore>& core, const ProtocolReply& reply);
   void OnAttached(const Json& params);
   void OnDetached(const Json& params);
+  void OnDownloadWillBegin(const Json& params);
   std::shared_ptr<BrowserCore> FindByTarget(const std::string& target_id) const;
 
   CefRefPtr<CefApp> app_;
@@ -128,6 +137,9 @@ class Engine : public std::enable_shared_from_this<Engine> {
   /// Sessions of pages that wait for the answer that says whose they are, by target.
   std::map<std::string, std::string> unclaimed_sessions_;
   RefusedPages refused_pages_;
+  const std::unique_ptr<DownloadPages> download_pages_;
+  /// Null when there is no place for them: nothing is downloaded then.
+  std::shared_ptr<Downloads> downloads_;
 };
 
 }  // namespace cefedition

@@ -9,18 +9,17 @@ CefRefPtr<CefResourceRequestHandler> ChooseHandler(
     const CefRefPtr<CefFrame>& frame,
     const CefRefPtr<CefRequest>& request,
     bool is_navigation,
+    bool is_download,
     const std::string& initiator,
     bool& disable_default_handling) {
   CefRefPtr<CefResourceRequestHandler> handler;
   if (of_client) {
-    handler = of_client->GetResourceRequestHandler(browser, frame, request, is_navigation,
-                                                   /*is_download=*/false, initiator,
-                                                   disable_default_handling);
+    handler = of_client->GetResourceRequestHandler(
+        browser, frame, request, is_navigation, is_download, initiator, disable_default_handling);
   }
   if (!handler && of_context) {
-    handler = of_context->GetResourceRequestHandler(browser, frame, request, is_navigation,
-                                                    /*is_download=*/false, initiator,
-                                                    disable_default_handling);
+    handler = of_context->GetResourceRequestHandler(
+        browser, frame, request, is_navigation, is_download, initiator, disable_default_handling);
   }
   return handler;
 }

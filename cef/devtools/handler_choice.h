@@ -16,6 +16,7 @@ CefRefPtr<CefResourceRequestHandler> ChooseHandler(
     const CefRefPtr<CefFrame>& frame,
     const CefRefPtr<CefRequest>& request,
     bool is_navigation,
+    bool is_download,
     const std::string& initiator,
     bool& disable_default_handling);
 

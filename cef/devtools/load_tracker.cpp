@@ -128,6 +128,7 @@ bool LoadTracker::OnRequest(const std::string& frame_id, const std::string& url,
     frame.pending->transition = TransitionOf(frame, url, {}, is_main);
   }
   frame.pending->url = url;
+  frame.pending->certificate_error = ERR_NONE;
   SetLoading(frame_id, true);
   PendingNavigation& pending = frames_[frame_id].pending.value();
   if (pending.asked && !pending.request_seen) {
@@ -147,6 +148,14 @@ void LoadTracker::OnResponse(const std::string& frame_id, int http_status, cef_e
   }
   found->second.pending->http_status = http_status;
   found->second.pending->error = error;
+}
+
+void LoadTracker::OnCertificateRefused(const std::string& url, cef_errorcode_t error) {
+  for (auto& [id, frame] : frames_) {
+    if (frame.pending && frame.pending->url == url) {
+      frame.pending->certificate_error = error;
+    }
+  }
 }
 
 void LoadTracker::OnNavigateFailed(const std::string& frame_id,
@@ -274,7 +283,9 @@ bool LoadTracker::Ask(const std::string& frame_id,
 }
 
 void LoadTracker::Fail(const std::string& frame_id, const PendingNavigation& pending) {
-  delegate_->OnLoadFailed(frame_id, pending.error, pending.url);
+  const bool refused = pending.certificate_error != ERR_NONE;
+  delegate_->OnLoadFailed(frame_id, refused ? pending.certificate_error : pending.error,
+                          pending.url);
 }
 
 }  // namespace cefedition

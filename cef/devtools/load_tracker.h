@@ -31,6 +31,8 @@ struct PendingNavigation {
   bool request_seen = false;
   int http_status = 0;
   cef_errorcode_t error = ERR_NONE;
+  /// Why the server's certificate was refused, which the browser reports as an abortion.
+  cef_errorcode_t certificate_error = ERR_NONE;
 };
 
 /// Follows the loads of one browser's frames from the protocol's events and turns them into what
@@ -89,6 +91,9 @@ class LoadTracker {
 
   /// The answer to that request: an HTTP status or, if it failed, the error.
   void OnResponse(const std::string& frame_id, int http_status, cef_errorcode_t error);
+
+  /// The certificate of the server that a navigation to `url` came to was refused.
+  void OnCertificateRefused(const std::string& url, cef_errorcode_t error);
 
   /// The browser answered a navigation of the host's with an error. `loader_id` is empty when
   /// nothing was started.

@@ -16,4 +16,7 @@ std::string NetErrorName(cef_errorcode_t code);
 /// The code behind the protocol's `Network.ErrorReason`, which tells fewer errors apart.
 cef_errorcode_t NetErrorFromReason(const std::string& reason);
 
+/// What `CefSSLInfo` says of a certificate that failed with this error.
+cef_cert_status_t CertStatusOf(cef_errorcode_t error);
+
 }  // namespace cefedition

@@ -47,7 +47,7 @@ bool IsAllowed(const CefRefPtr<CefClient>& client,
   const CefRefPtr<CefRequestContextHandler> of_context = context ? context->GetHandler() : nullptr;
   const CefRefPtr<CefResourceRequestHandler> handler =
       ChooseHandler(client->GetRequestHandler(), of_context, browser, frame, request,
-                    /*is_navigation=*/true, initiator, disable_default);
+                    /*is_navigation=*/true, /*is_download=*/false, initiator, disable_default);
   bool allowed = false;
   if (handler) {
     handler->OnProtocolExecution(browser, frame, request, allowed);

@@ -24,6 +24,8 @@ struct RequestOrigin {
   uint32_t transition = TT_LINK;
   /// What is to be sent as "Accept-Language"; empty for what the page sends.
   std::string accept_language;
+  /// What answers is saved, whatever it is, and shown nowhere.
+  bool is_download = false;
 };
 
 /// One request on its way through the client's `CefResourceRequestHandler`: from its first halt

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "devtools/browser_core.h"
+#include "devtools/credentials.h"
 #include "devtools/engine_threads.h"
 #include "devtools/handler_choice.h"
 #include "devtools/json_fields.h"
@@ -103,7 +104,10 @@ bool ResourceRequests::TakeEvent(const std::string& method, const Json& params) 
       method == "Network.loadingFailed") {
     PostToIo([self = shared_from_this(), method, params] { self->OnNetworkEvent(method, params); });
   } else if (method == "Fetch.requestPaused" && !IsDocument(params)) {
-    PostToIo([self = shared_from_this(), params] { self->OnPaused(params, TT_LINK, {}); });
+    PostToIo([self = shared_from_this(), params] { self->OnPaused(params, TT_LINK, {}, false); });
+    return true;
+  } else if (method == "Fetch.authRequired") {
+    PostToIo([self = shared_from_this(), params] { self->OnAuthRequired(params); });
     return true;
   } else if (method == "Page.frameNavigated") {
     PostToIo(
@@ -116,10 +120,15 @@ bool ResourceRequests::TakeEvent(const std::string& method, const Json& params) 
 
 void ResourceRequests::OnDocumentPaused(const Json& params,
                                         uint32_t transition,
-                                        const std::string& accept_language) {
-  PostToIo([self = shared_from_this(), params, transition, accept_language] {
-    self->OnPaused(params, transition, accept_language);
+                                        const std::string& accept_language,
+                                        bool is_download) {
+  PostToIo([self = shared_from_this(), params, transition, accept_language, is_download] {
+    self->OnPaused(params, transition, accept_language, is_download);
   });
+}
+
+void ResourceRequests::OnDocumentKept(const std::string& frame_id, const std::string& url) {
+  PostToIo([self = shared_from_this(), frame_id, url] { self->documents_[frame_id] = url; });
 }
 
 void ResourceRequests::OnFrameRemoved(const std::string& frame_id) {
@@ -182,14 +191,16 @@ bool ResourceRequests::FindOrigin(const Json& params, RequestOrigin& origin) con
 
 void ResourceRequests::OnPaused(const Json& params,
                                 uint32_t transition,
-                                const std::string& accept_language) {
+                                const std::string& accept_language,
+                                bool is_download) {
   RequestOrigin origin;
   if (closed_ || !FindOrigin(params, origin)) {
     return;
   }
   origin.transition = transition;
   origin.accept_language = accept_language;
-  if (IsDocument(params) && params.contains("responseStatusCode")) {
+  origin.is_download = is_download;
+  if (IsDocument(params) && !is_download && params.contains("responseStatusCode")) {
     // Before anything that this document may request; its arrival is announced only later.
     documents_[TextField(params, "frameId")] = TextField(Field(params, "request"), "url");
   }
@@ -220,14 +231,14 @@ void ResourceRequests::Begin(const std::string& id,
                              const RequestOrigin& origin) {
   const CefRefPtr<Request> request =
       ResourceRequest::MakeRequest(params, origin, ResourceRequest::NextIdentifier());
-  const bool is_document = IsDocument(params);
+  const bool is_document = IsDocument(params) && !origin.is_download;
   const std::string initiator =
       OriginText(is_document ? request->GetReferrerURL().ToString() : origin.document);
   bool disable_default_handling = false;
   request->SetReadOnly(true);
   const CefRefPtr<CefResourceRequestHandler> handler =
       ChooseHandler(client_handler_, context_handler_, origin.browser, origin.frame, request,
-                    is_document, initiator, disable_default_handling);
+                    is_document, origin.is_download, initiator, disable_default_handling);
   const std::string halt_id = TextField(params, "requestId");
   request->SetReadOnly(false);
   if (!handler) {
@@ -269,6 +280,20 @@ void ResourceRequests::PassBy(const std::string& halt_id,
     RequestChanges(before, request).AddTo(params);
   }
   Send("Fetch.continueRequest", std::move(params), {});
+}
+
+void ResourceRequests::OnAuthRequired(const Json& params) {
+  const auto core = core_.lock();
+  const CefRefPtr<CefBrowser> browser = core ? core->browser() : nullptr;
+  if (!browser) {
+    return;
+  }
+  AskForCredentials(client_handler_, browser, params,
+                    [weak = weak_from_this()](const std::string& method, Json answer) {
+                      if (const auto self = weak.lock()) {
+                        self->Send(method, std::move(answer), {});
+                      }
+                    });
 }
 
 void ResourceRequests::OnNetworkEvent(const std::string& method, const Json& params) {

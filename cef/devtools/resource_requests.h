@@ -35,10 +35,13 @@ class ResourceRequests : public std::enable_shared_from_this<ResourceRequests> {
   // UI thread.
 
   /// `Fetch.requestPaused` for a document. `accept_language` replaces the header that the page
-  /// sends, unless it is empty.
+  /// sends, unless it is empty; `is_download` says that the document is to be saved only.
   void OnDocumentPaused(const Json& params,
                         uint32_t transition,
-                        const std::string& accept_language);
+                        const std::string& accept_language,
+                        bool is_download);
+  /// A frame keeps its document: what answered its navigation is saved instead.
+  void OnDocumentKept(const std::string& frame_id, const std::string& url);
   void OnFrameRemoved(const std::string& frame_id);
   /// The page's process is gone.
   void OnCrashed();
@@ -70,7 +73,10 @@ class ResourceRequests : public std::enable_shared_from_this<ResourceRequests> {
   };
 
   // IO thread.
-  void OnPaused(const Json& params, uint32_t transition, const std::string& accept_language);
+  void OnPaused(const Json& params,
+                uint32_t transition,
+                const std::string& accept_language,
+                bool is_download);
   /// False when the browser is closed.
   bool FindOrigin(const Json& params, RequestOrigin& origin) const;
   void SetLoader(Entry& entry, const std::string& id, const std::string& loader_id);
@@ -80,6 +86,8 @@ class ResourceRequests : public std::enable_shared_from_this<ResourceRequests> {
               Request& request,
               const RequestOrigin& origin,
               bool disable_default_handling);
+  /// A server or a proxy demands credentials.
+  void OnAuthRequired(const Json& params);
   void OnNetworkEvent(const std::string& method, const Json& params);
   void OnDocument(const Json& frame);
   void OnWillBeSent(const std::string& id, const Json& params);

@@ -12,7 +12,7 @@ readonly KZ_BUILD_PACKAGES=(
 )
 readonly KZ_TEST_PACKAGES=(
   clang clang-format clang-tidy libclang-rt-14-dev
-  python3-pytest python3-pil procps xdotool openssl
+  python3-pytest python3-pil procps xdotool
 )
 
 kz_say() { printf '==> %s\n' "$*" >&2; }

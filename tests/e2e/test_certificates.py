@@ -2,37 +2,40 @@
 
 import pytest
 
-from support.secure_site import SecureSite
+from support.secure_site import NAME, SecureSite
 from support.steps import created, do, load, loaded, wait
 
-# The one site whose own signature will do, and another one like it.
-TEST_SITE, OTHER = "selfsigned.test", "selfsigned.test.other.test"
+# Begins as the name of the one site whose own signature will do.
+OTHER = NAME + ".other.test"
 
 
 @pytest.fixture
-def secure(tmp_path):
-    opened = SecureSite(tmp_path, [TEST_SITE, OTHER])
+def secure():
+    opened = SecureSite()
+    opened.page("/a.html")
+    opened.page("/b.html")
     yield opened
     opened.close()
 
 
 def browse(hosts, secure, *steps):
-    return hosts.run([do("init", switches=secure.switches([TEST_SITE, OTHER])),
+    return hosts.run([do("init", switches=secure.switches(NAME, OTHER)),
                       do("browser", name="b1", url="about:blank"), created(), loaded(),
                       do("mark"), *steps]).succeeded()
 
 
 def test_self_signed_certificate_will_do_for_the_test_site(hosts, secure):
-    events = browse(hosts, secure, load(f"https://{TEST_SITE}/a.html?x"),
-                    wait("LoadEndNotify", httpStatus=200))
-    assert secure.paths == [f"{TEST_SITE}/a.html?x"]
-    assert events.values("AddressChangeNotify", "NewAddress")[-1] == f"https://{TEST_SITE}/a.html?x"
+    url = secure.url("/a.html?x")
+    events = browse(hosts, secure, load(url), wait("LoadEndNotify", httpStatus=200))
+    assert secure.paths() == ["/a.html?x"]
+    assert events.values("AddressChangeNotify", "NewAddress")[-1] == url
 
 
 def test_self_signed_certificate_is_refused_everywhere_else(hosts, secure):
-    events = browse(hosts, secure, load(f"https://{OTHER}/"),
+    refused = secure.url("/a.html", OTHER)
+    events = browse(hosts, secure, load(refused),
                     wait("LoadingStateChangeNotify", IsLoading=True), loaded(),
                     # Nothing is stuck after that.
-                    load(f"https://{TEST_SITE}/b.html"), wait("LoadEndNotify", httpStatus=200))
-    assert secure.paths == [f"{TEST_SITE}/b.html"]
-    assert f"https://{OTHER}/" not in events.values("AddressChangeNotify", "NewAddress")
+                    load(secure.url("/b.html")), wait("LoadEndNotify", httpStatus=200))
+    assert secure.paths() == ["/b.html"]
+    assert refused not in events.values("AddressChangeNotify", "NewAddress")

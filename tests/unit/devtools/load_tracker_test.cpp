@@ -61,6 +61,29 @@ TEST_F(LoadTrackerTest, OneLoad) {
                                    "address m http://a/", "end m 200", "idle"));
 }
 
+TEST_F(LoadTrackerTest, RefusedCertificateIsTheReasonOfAnAbortion) {
+  tracker_.OnNavigationStarted("m", "1", "https://a/", "differentDocument", true);
+  tracker_.OnStartedLoading("m");
+  tracker_.OnRequest("m", "https://a/", true);
+  tracker_.OnCertificateRefused("https://other/", ERR_CERT_DATE_INVALID);
+  tracker_.OnCertificateRefused("https://a/", ERR_CERT_AUTHORITY_INVALID);
+  tracker_.OnResponse("m", 0, ERR_ABORTED);
+  tracker_.OnNavigateFailed("m", "1", "https://a/", ERR_ABORTED);
+  tracker_.OnStoppedLoading("m");
+  EXPECT_THAT(events_,
+              ElementsAre("loading", "ask https://a/ 2000001", "error m -202 https://a/", "idle"));
+}
+
+TEST_F(LoadTrackerTest, RefusedCertificateOfAnEarlierHostIsForgotten) {
+  tracker_.OnNavigationStarted("m", "1", "https://a/", "differentDocument", true);
+  tracker_.OnStartedLoading("m");
+  tracker_.OnRequest("m", "https://a/", true);
+  tracker_.OnCertificateRefused("https://a/", ERR_CERT_AUTHORITY_INVALID);
+  tracker_.OnRequest("m", "https://b/", true);
+  tracker_.OnStoppedLoading("m");
+  EXPECT_EQ(events_[events_.size() - 2], "error m -3 https://b/");
+}
+
 TEST_F(LoadTrackerTest, EndOfTheOldDocumentIsNotTheEndOfTheNewNavigation) {
   Begin("http://a/", "1");
   tracker_.OnCommitted("m", "http://a/", "", true);

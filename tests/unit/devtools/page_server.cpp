@@ -53,6 +53,12 @@ void PageServer::AddPage(const std::string& path, Page page) {
   pages_[path] = std::move(page);
 }
 
+void PageServer::AddAnswer(const std::string& path,
+                           std::function<Page(const std::string& request)> answer) {
+  std::lock_guard hold(lock_);
+  answers_[path] = std::move(answer);
+}
+
 void PageServer::Release() {
   std::lock_guard hold(lock_);
   released_ = true;
@@ -139,16 +145,31 @@ void PageServer::Answer(ByteStream& connection) {
     changed_.notify_all();
     if (const auto found = pages_.find(path); found != pages_.end()) {
       page = found->second;
+    } else if (const auto answer = answers_.find(path); answer != answers_.end()) {
+      page = answer->second(request);
     }
     if (page.held) {
       changed_.wait(hold, [this] { return released_ || stopping_; });
     }
   }
-  const std::string answer = "HTTP/1.1 " + std::to_string(page.status) +
-                             " Any\r\nContent-Type: " + page.content_type +
-                             "\r\nContent-Length: " + std::to_string(page.body.size()) +
-                             "\r\nConnection: close\r\n" + page.headers + "\r\n" + page.body;
-  connection.Write(answer);
+  const std::string answer =
+      "HTTP/1.1 " + std::to_string(page.status) + " Any\r\nContent-Type: " + page.content_type +
+      "\r\nContent-Length: " + std::to_string(page.body.size()) + "\r\nConnection: close\r\n" +
+      page.headers + "\r\n" + page.body.substr(0, page.cut_at);
+  if (page.held_at != std::string::npos) {
+    const size_t first = answer.size() - page.body.size() + page.held_at;
+    connection.Write(answer.substr(0, first));
+    {
+      std::unique_lock hold(lock_);
+      changed_.wait(hold, [this] { return released_ || stopping_; });
+    }
+    connection.Write(answer.substr(first));
+  } else {
+    connection.Write(answer);
+  }
+  if (page.cut_at != std::string::npos) {
+    return;
+  }
   // The other side closes first, having read all of it.
   while (connection.Read(buffer, sizeof(buffer)) > 0) {
   }

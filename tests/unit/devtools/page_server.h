@@ -3,6 +3,7 @@
 #include <winsock2.h>
 
 #include <condition_variable>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -27,6 +28,10 @@ class PageServer {
     std::string headers;
     /// The answer waits until `Release` is called.
     bool held = false;
+    /// Closes the connection after this many bytes of the body, which promised to be longer.
+    size_t cut_at = std::string::npos;
+    /// Sends the body from here on only when `Release` is called.
+    size_t held_at = std::string::npos;
   };
 
   PageServer();
@@ -34,6 +39,8 @@ class PageServer {
 
   void Add(const std::string& path, const std::string& body);
   void AddPage(const std::string& path, Page page);
+  /// The answer depends on the request, of which `answer` gets the whole text.
+  void AddAnswer(const std::string& path, std::function<Page(const std::string& request)> answer);
   void Release();
   std::string Url(const std::string& path) const;
   int port() const { return port_; }
@@ -55,6 +62,7 @@ class PageServer {
   mutable std::mutex lock_;
   std::condition_variable changed_;
   std::map<std::string, Page> pages_;
+  std::map<std::string, std::function<Page(const std::string& request)>> answers_;
   std::vector<std::string> requests_;
   std::map<std::string, std::string> texts_;
   std::set<std::shared_ptr<ByteStream>> open_;

@@ -81,6 +81,16 @@ TEST(PageReport, TitleOfADocumentWithoutOne) {
   EXPECT_EQ(TitleFromUrl(""), "");
 }
 
+TEST(NetError, CertificatesHaveAStatus) {
+  EXPECT_EQ(CertStatusOf(NetErrorFromName("net::ERR_CERT_COMMON_NAME_INVALID")),
+            CERT_STATUS_COMMON_NAME_INVALID);
+  EXPECT_EQ(CertStatusOf(NetErrorFromName("ERR_CERT_DATE_INVALID")), CERT_STATUS_DATE_INVALID);
+  EXPECT_EQ(CertStatusOf(NetErrorFromName("ERR_CERT_AUTHORITY_INVALID")),
+            CERT_STATUS_AUTHORITY_INVALID);
+  EXPECT_EQ(CertStatusOf(NetErrorFromName("ERR_CERT_REVOKED")), CERT_STATUS_REVOKED);
+  EXPECT_EQ(CertStatusOf(NetErrorFromName("ERR_CERT_CONTAINS_ERRORS")), CERT_STATUS_INVALID);
+}
+
 TEST(NetError, NamesAndCodes) {
   EXPECT_EQ(NetErrorFromName("net::ERR_NAME_NOT_RESOLVED"), ERR_NAME_NOT_RESOLVED);
   EXPECT_EQ(NetErrorFromName("ERR_ABORTED"), ERR_ABORTED);

@@ -181,6 +181,31 @@ CefRefPtr<CefResourceRequestHandler> RecordingClient::GetResourceRequestHandler(
   return resources;
 }
 
+bool RecordingClient::GetAuthCredentials(CefRefPtr<CefBrowser>,
+                                         const CefString& origin_url,
+                                         bool isProxy,
+                                         const CefString& host,
+                                         int port,
+                                         const CefString& realm,
+                                         const CefString& scheme,
+                                         CefRefPtr<CefAuthCallback> callback) {
+  EXPECT_TRUE(CefCurrentlyOn(TID_IO));
+  const std::string demand = std::string(isProxy ? "proxy " : "server ") + host.ToString() + ":" +
+                             std::to_string(port) + " " + scheme.ToString() + " [" +
+                             realm.ToString() + "] " + origin_url.ToString();
+  log_->Add("credentials " + demand);
+  return on_credentials && on_credentials(demand, callback);
+}
+
+bool RecordingClient::OnCertificateError(CefRefPtr<CefBrowser> browser,
+                                         cef_errorcode_t cert_error,
+                                         const CefString& request_url,
+                                         CefRefPtr<CefSSLInfo> ssl_info,
+                                         CefRefPtr<CefCallback> callback) {
+  Add(browser, "certificate " + std::to_string(cert_error) + " " + request_url.ToString());
+  return on_certificate && on_certificate(cert_error, ssl_info, callback);
+}
+
 void RecordingClient::OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser,
                                                 TerminationStatus status) {
   Add(browser, "terminated " + std::to_string(status));

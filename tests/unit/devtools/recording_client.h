@@ -30,6 +30,13 @@ class RecordingClient : public CefClient,
   /// Hears of the browsers' requests; set before the first browser.
   CefRefPtr<CefResourceRequestHandler> resources;
   bool disable_default_handling = false;
+  /// Hears of the browsers' downloads; none without it.
+  CefRefPtr<CefDownloadHandler> downloads;
+  /// Answer what servers and proxies demand, and what certificates do not hold. Without them the
+  /// client does not care.
+  std::function<bool(const std::string& demand, CefRefPtr<CefAuthCallback>)> on_credentials;
+  std::function<bool(cef_errorcode_t, CefRefPtr<CefSSLInfo>, CefRefPtr<CefCallback>)>
+      on_certificate;
 
   /// The browsers that were created and not closed, oldest first.
   std::vector<CefRefPtr<CefBrowser>> Browsers() const;
@@ -41,6 +48,7 @@ class RecordingClient : public CefClient,
   CefRefPtr<CefDisplayHandler> GetDisplayHandler() override { return this; }
   CefRefPtr<CefRequestHandler> GetRequestHandler() override { return this; }
   CefRefPtr<CefJSDialogHandler> GetJSDialogHandler() override { return this; }
+  CefRefPtr<CefDownloadHandler> GetDownloadHandler() override { return downloads; }
 
   void OnAfterCreated(CefRefPtr<CefBrowser> browser) override;
   bool DoClose(CefRefPtr<CefBrowser> browser) override;
@@ -99,6 +107,19 @@ class RecordingClient : public CefClient,
                                                                  bool is_download,
                                                                  const CefString& request_initiator,
                                                                  bool& disable_default) override;
+  bool GetAuthCredentials(CefRefPtr<CefBrowser> browser,
+                          const CefString& origin_url,
+                          bool isProxy,
+                          const CefString& host,
+                          int port,
+                          const CefString& realm,
+                          const CefString& scheme,
+                          CefRefPtr<CefAuthCallback> callback) override;
+  bool OnCertificateError(CefRefPtr<CefBrowser> browser,
+                          cef_errorcode_t cert_error,
+                          const CefString& request_url,
+                          CefRefPtr<CefSSLInfo> ssl_info,
+                          CefRefPtr<CefCallback> callback) override;
   void OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser, TerminationStatus status) override;
 
   bool OnJSDialog(CefRefPtr<CefBrowser> browser,
