@@ -4,12 +4,16 @@
 
 #include "devtools/certificate_errors.h"
 #include "devtools/console_message.h"
+#include "devtools/context_menus.h"
 #include "devtools/dialogs.h"
+#include "devtools/draggable_regions.h"
 #include "devtools/edition_browser.h"
 #include "devtools/edition_host.h"
 #include "devtools/engine.h"
 #include "devtools/engine_threads.h"
 #include "devtools/focus_report.h"
+#include "devtools/input_queue.h"
+#include "devtools/inspector.h"
 #include "devtools/json_fields.h"
 #include "devtools/log.h"
 #include "devtools/page_report.h"
@@ -27,6 +31,11 @@ constexpr std::chrono::milliseconds kFirstDocumentTimeout{1000};
 // What one zoom level means, as in Chromium.
 constexpr double kZoomFactor = 1.2;
 
+HWND OpenerWindow(const BrowserSpec& spec) {
+  const std::shared_ptr<BrowserCore>& opener = spec.opener ? spec.opener : spec.inspected;
+  return opener ? opener->state().window : nullptr;
+}
+
 }  // namespace
 
 std::shared_ptr<BrowserCore> BrowserCore::Create(Engine& engine, int id, const BrowserSpec& spec) {
@@ -37,8 +46,9 @@ std::shared_ptr<BrowserCore> BrowserCore::Create(Engine& engine, int id, const B
 BrowserCore::BrowserCore(Engine& engine, int id, const BrowserSpec& spec)
     : engine_(engine),
       id_(id),
-      is_popup_(spec.opener != nullptr),
-      opener_window_(spec.opener ? spec.opener->state().window : nullptr),
+      is_popup_(spec.opener || spec.inspected),
+      adopted_(spec.opener != nullptr),
+      opener_window_(OpenerWindow(spec)),
       client_(spec.client),
       request_context_(spec.request_context),
       session_(engine.connection()),
@@ -46,6 +56,8 @@ BrowserCore::BrowserCore(Engine& engine, int id, const BrowserSpec& spec)
       view_(session_, this),
       popups_(*this),
       queries_(*this),
+      input_(std::make_unique<InputQueue>(*this)),
+      menus_(std::make_unique<ContextMenus>(*this)),
       devtools_(*this) {}
 
 BrowserCore::~BrowserCore() = default;
@@ -62,10 +74,14 @@ bool BrowserCore::Init(const BrowserSpec& spec) {
   }
   ChangeState([&](State& state) { state.window = view_.hwnd(); });
   engine_.OnBrowserCreated(shared_from_this());
+  if (spec.inspected) {
+    inspector_ = std::make_unique<Inspector>(*this, spec.inspected);
+    spec.inspected->SetDevToolsWindow(shared_from_this());
+  }
   if (const auto handler = client_ ? client_->GetLifeSpanHandler() : nullptr) {
     handler->OnAfterCreated(browser_);
   }
-  if (!is_popup_ && !spec.url.empty()) {
+  if (!adopted_ && !spec.url.empty()) {
     LoadUrl(frames_->main(), spec.url, {});
   }
   return true;
@@ -100,9 +116,9 @@ void BrowserCore::AttachPage(const std::string& target_id, const std::string& se
   frames_->SetMainId(target_id);
   // A page made to order has an empty document, which is no load that anybody asked for and no
   // place to go back to. A popup loads at once what it was opened for.
-  first_document_over_ = is_popup_;
-  history_reset_ = is_popup_;
-  if (is_popup_) {
+  first_document_over_ = adopted_;
+  history_reset_ = adopted_;
+  if (adopted_) {
     loads_.ExpectTransition(target_id, TT_LINK);
   }
   requests_ = ResourceRequests::Create(*this);
@@ -111,11 +127,8 @@ void BrowserCore::AttachPage(const std::string& target_id, const std::string& se
     send("Page.enable", Json::object(), {});
     send("Runtime.enable", Json::object(), {});
     send("Log.enable", Json::object(), {});
-    for (const auto& commands :
-         {PageReportCommands(), queries_.Commands(), FocusReportCommands()}) {
-      for (const auto& [method, params] : commands) {
-        send(method, params, {});
-      }
+    for (const auto& [method, params] : ReportCommands()) {
+      send(method, params, {});
     }
     send("Emulation.setUserAgentOverride", UserAgentParams(), {});
     for (const auto& [method, params] : CertificateErrorCommands(*this)) {
@@ -133,6 +146,26 @@ void BrowserCore::AttachPage(const std::string& target_id, const std::string& se
   });
   view_.StartPainting();
   devtools_.OnPageReady();
+  if (const std::shared_ptr<BrowserCore> window = devtools_window_.lock()) {
+    window->inspector_->OnPageReady();
+  }
+}
+
+std::vector<std::pair<std::string, Json>> BrowserCore::ReportCommands() const {
+  std::vector<std::pair<std::string, Json>> all;
+  for (const auto& commands : {PageReportCommands(), queries_.Commands(), FocusReportCommands(),
+                               ContextMenuReportCommands()}) {
+    all.insert(all.end(), commands.begin(), commands.end());
+  }
+  if (client_ && client_->GetDragHandler()) {
+    const auto commands = DraggableRegionsCommands();
+    all.insert(all.end(), commands.begin(), commands.end());
+  }
+  if (inspector_) {
+    const auto commands = inspector_->Commands();
+    all.insert(all.end(), commands.begin(), commands.end());
+  }
+  return all;
 }
 
 void BrowserCore::EnableInterception(const PageSession::Sender& send) {
@@ -157,7 +190,7 @@ void BrowserCore::OnPageSetUp(const Json& tree) {
   page_set_up_ = true;
   const Json& frame = Field(Field(tree, "frameTree"), "frame");
   const std::string url = TextField(frame, "url");
-  if (is_popup_ && committed_loader_.empty() && url != "about:blank" && !url.empty()) {
+  if (adopted_ && committed_loader_.empty() && url != "about:blank" && !url.empty()) {
     // The popup was faster than its setting up, and its first document went unnoticed.
     OnFrameNavigated({{"frame", frame}});
   }
@@ -262,8 +295,7 @@ void BrowserCore::Dispatch(const ProtocolEvent& event) {
              method == "Log.entryAdded") {
     OnConsole(method, params);
   } else if (method == "Runtime.bindingCalled") {
-    OnPageReport(params);
-    OnFocusReport(*this, params);
+    OnBindingCalled(params);
   } else if (method == "Page.javascriptDialogOpening") {
     dialog_open_ = true;
     OnDialogOpening(*this, params);
@@ -276,6 +308,16 @@ void BrowserCore::Dispatch(const ProtocolEvent& event) {
     OnCertificateErrorEvent(*this, params);
   } else if (method == "Page.windowOpen") {
     popups_.OnWindowOpen(params);
+  }
+}
+
+void BrowserCore::OnBindingCalled(const Json& params) {
+  OnPageReport(params);
+  OnFocusReport(*this, params);
+  menus_->OnReport(params);
+  OnDraggableRegions(*this, params);
+  if (inspector_) {
+    inspector_->OnCall(params);
   }
 }
 
@@ -368,6 +410,8 @@ void BrowserCore::CloseNow() {
   const std::shared_ptr<BrowserCore> alive = shared_from_this();
   closed_ = true;
   closing_ = true;
+  menus_->End();
+  CloseDevToolsNow();
   view_.Destroy();
   if (!session_.id().empty()) {
     engine_.RouteRequests(session_.id(), nullptr);
@@ -375,6 +419,9 @@ void BrowserCore::CloseNow() {
   }
   session_.Detach();
   devtools_.OnPageGone();
+  if (inspector_) {
+    inspector_->Close();
+  }
   if (requests_) {
     requests_->Close();
   }
@@ -412,18 +459,85 @@ void BrowserCore::OnViewDestroyed() {
 
 void BrowserCore::OnViewFocus(bool focused) {
   ChangeState([&](State& state) { state.focused = focused; });
-  Post([focused](BrowserCore& core) {
+  if (focused) {
+    Post([](BrowserCore& core) { core.OnFocused(); });
+  }
+}
+
+void BrowserCore::OnFocused() {
+  const auto handler = client_ ? client_->GetFocusHandler() : nullptr;
+  const bool granted = std::exchange(focus_granted_, false);
+  if (!handler) {
+    return;
+  }
+  if (!granted && handler->OnSetFocus(browser_, FOCUS_SOURCE_SYSTEM)) {
+    // The window keeps the keyboard, for nobody says who else is to have it; the page does not.
+    ChangeState([](State& state) { state.focused = false; });
+    return;
+  }
+  handler->OnGotFocus(browser_);
+}
+
+void BrowserCore::TakeFocus() {
+  Post([](BrowserCore& core) {
     const auto handler = core.client_ ? core.client_->GetFocusHandler() : nullptr;
-    if (handler && focused) {
-      handler->OnGotFocus(core.browser_);
+    if (handler && handler->OnSetFocus(core.browser_, FOCUS_SOURCE_SYSTEM)) {
+      return;
+    }
+    core.focus_granted_ = core.view_.hwnd() && GetFocus() != core.view_.hwnd();
+    core.view_.SetFocus(true);
+  });
+}
+
+void BrowserCore::ShowDevTools(const BrowserSpec& spec, std::optional<CefPoint> inspect_at) {
+  Post([spec, inspect_at](BrowserCore& core) {
+    std::shared_ptr<BrowserCore> window = core.devtools_window_.lock();
+    if (window && !window->closed_) {
+      window->view_.BringToFront();
+    } else {
+      BrowserSpec with_page = spec;
+      with_page.inspected = core.shared_from_this();
+      with_page.url = Inspector::PageUrl();
+      if (!core.engine_.CreateBrowser(with_page)) {
+        return;
+      }
+      window = core.devtools_window_.lock();
+    }
+    if (window && inspect_at) {
+      window->inspector_->InspectAt(*inspect_at);
     }
   });
 }
 
-void BrowserCore::OnViewInput(const std::string& method) {
-  if (method == "Input.dispatchKeyEvent" || method == "Input.dispatchMouseEvent") {
+void BrowserCore::CloseDevTools() {
+  Post([](BrowserCore& core) { core.CloseDevToolsNow(); });
+}
+
+void BrowserCore::SetDevToolsWindow(const std::shared_ptr<BrowserCore>& window) {
+  devtools_window_ = window;
+  ChangeState([&](State& state) { state.has_devtools = window != nullptr; });
+}
+
+void BrowserCore::CloseDevToolsNow() {
+  if (const std::shared_ptr<BrowserCore> window = devtools_window_.lock()) {
+    window->CloseNow();
+  }
+}
+
+bool BrowserCore::TakeInspectorEvent(const ProtocolEvent& event) {
+  return inspector_ && inspector_->TakeEvent(event);
+}
+
+void BrowserCore::OnViewInput(const InputCommand& command) {
+  if (command.method == "Input.dispatchMouseEvent") {
     last_input_ = std::chrono::steady_clock::now();
   }
+  Post([command](BrowserCore& core) { core.input_->Add(command); });
+}
+
+void BrowserCore::OnViewKey(const KeyPress& key) {
+  last_input_ = std::chrono::steady_clock::now();
+  Post([key](BrowserCore& core) { core.input_->AddKey(key); });
 }
 
 }  // namespace cefedition

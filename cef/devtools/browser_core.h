@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,9 +25,12 @@
 
 namespace cefedition {
 
+class ContextMenus;
 class EditionBrowser;
 class EditionHost;
 class Engine;
+class InputQueue;
+class Inspector;
 class ResourceRequests;
 
 /// What a browser is made from.
@@ -38,6 +42,8 @@ struct BrowserSpec {
   CefRefPtr<CefRequestContext> request_context;
   /// A popup's opener; null for a browser that the host asked for.
   std::shared_ptr<class BrowserCore> opener;
+  /// Of a DevTools window: whose page it inspects. Null for any other browser.
+  std::shared_ptr<class BrowserCore> inspected;
 };
 
 /// One browser: the page behind it, the window before it, and the way from the protocol's events to
@@ -59,6 +65,7 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
     bool has_document = false;
     bool focused = false;
     bool fullscreen = false;
+    bool has_devtools = false;
     HWND window = nullptr;
     double zoom_level = 0;
   };
@@ -104,6 +111,12 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
                 int start_line);
   void Close(bool force);
   void SetZoomLevel(double level);
+  /// Gives the window the keyboard unless the client refuses.
+  void TakeFocus();
+  /// Opens a DevTools window for the page, or brings the one there is to the front. `spec` says
+  /// what it is made from; with a point in it (CSS pixels of the view), the node there is chosen.
+  void ShowDevTools(const BrowserSpec& spec, std::optional<CefPoint> inspect_at);
+  void CloseDevTools();
 
   // UI thread.
 
@@ -111,6 +124,8 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   const std::string& target_id() const { return target_id_; }
   const ScriptContexts& script_contexts() const { return script_contexts_; }
   PageQueries& queries() { return queries_; }
+  InputQueue& input() { return *input_; }
+  ContextMenus& menus() { return *menus_; }
   /// The main frame's title, as last reported.
   const std::string& title() const { return title_; }
 
@@ -131,6 +146,10 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   void OnPageCrashed(const std::string& status);
   /// Closes at once: destroys the window and calls `OnBeforeClose`. Asks nobody.
   void CloseNow();
+  /// A DevTools window of this page is there, or (null) is gone.
+  void SetDevToolsWindow(const std::shared_ptr<BrowserCore>& window);
+  /// Takes what the page says to a DevTools window that inspects it; false for other events.
+  bool TakeInspectorEvent(const ProtocolEvent& event);
   /// Changes what the page is told of the user's languages.
   void ApplyUserAgent();
 
@@ -149,6 +168,8 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   void OnHistoryReply(const ProtocolReply& reply, const std::function<void()>& then, int attempts);
   void OnHistory(const Json& history);
 
+  /// The commands that have the page report what the protocol does not tell.
+  std::vector<std::pair<std::string, Json>> ReportCommands() const;
   void EnableInterception(const PageSession::Sender& send);
   void OnPageSetUp(const Json& tree);
   void OpenPageIfReady();
@@ -163,11 +184,14 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   void OnEvaluated(const Json& value);
   void ReportConsole(const struct ConsoleMessage& message);
   void OnPageReport(const Json& params);
+  void OnBindingCalled(const Json& params);
+  void OnFocused();
 
   void LoadUrlNow(CefRefPtr<EditionFrame> frame,
                   const std::string& url,
                   const std::string& referrer);
   void CloseAfterAsking(bool force);
+  void CloseDevToolsNow();
 
   template <typename Change>
   void ChangeState(Change change) {
@@ -190,13 +214,16 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   void OnViewCloseRequested() override;
   void OnViewDestroyed() override;
   void OnViewFocus(bool focused) override;
-  void OnViewInput(const std::string& method) override;
+  void OnViewInput(const InputCommand& command) override;
+  void OnViewKey(const KeyPress& key) override;
 
   CefRefPtr<CefFrame> FrameFor(const std::string& frame_id);
 
   Engine& engine_;
   const int id_;
   const bool is_popup_;
+  /// Made by another page, which has its first document under way.
+  const bool adopted_;
   const HWND opener_window_;
   const CefRefPtr<CefClient> client_;
   const CefRefPtr<CefRequestContext> request_context_;
@@ -213,8 +240,14 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   PopupRequests popups_;
   ScriptContexts script_contexts_;
   PageQueries queries_;
+  const std::unique_ptr<InputQueue> input_;
+  const std::unique_ptr<ContextMenus> menus_;
   DevToolsAccess devtools_;
   DownloadSources download_sources_;
+  /// Null unless this is a DevTools window.
+  std::unique_ptr<Inspector> inspector_;
+  /// The DevTools window of this page, if there is one.
+  std::weak_ptr<BrowserCore> devtools_window_;
   /// Null while no request is halted for the client.
   std::shared_ptr<ResourceRequests> requests_;
 
@@ -237,6 +270,8 @@ class BrowserCore : public std::enable_shared_from_this<BrowserCore>,
   bool closing_ = false;
   bool dialog_open_ = false;
   bool closed_ = false;
+  /// The client has already agreed to the focus that is about to come.
+  bool focus_granted_ = false;
   std::string title_;
   /// What the navigation under way sends, for `OnBeforeBrowse`.
   const Json* paused_request_ = nullptr;

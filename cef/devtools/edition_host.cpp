@@ -7,6 +7,7 @@
 #include "devtools/engine.h"
 #include "devtools/engine_threads.h"
 #include "devtools/image_download.h"
+#include "devtools/input_queue.h"
 #include "devtools/navigation_entries.h"
 #include "devtools/view/cef_event_translation.h"
 
@@ -41,7 +42,9 @@ bool EditionHost::TryCloseBrowser() {
 }
 
 void EditionHost::SetFocus(bool focus) {
-  core_->Post([focus](BrowserCore& core) { core.view().SetFocus(focus); });
+  if (focus) {
+    core_->TakeFocus();
+  }
 }
 
 CefWindowHandle EditionHost::GetWindowHandle() {
@@ -145,15 +148,33 @@ void EditionHost::Find(const CefString&, bool, bool, bool) {}
 
 void EditionHost::StopFinding(bool) {}
 
-void EditionHost::ShowDevTools(const CefWindowInfo&,
-                               CefRefPtr<CefClient>,
-                               const CefBrowserSettings&,
-                               const CefPoint&) {}
+void EditionHost::ShowDevTools(const CefWindowInfo& windowInfo,
+                               CefRefPtr<CefClient> client,
+                               const CefBrowserSettings& settings,
+                               const CefPoint& inspect_element_at) {
+  BrowserSpec spec;
+  spec.window_info = windowInfo;
+  spec.client = client;
+  spec.settings = settings;
+  spec.request_context = core_->request_context();
+  if (windowInfo.style == 0 && !windowInfo.parent_window) {
+    // Nobody has said what the window is to be like, and one without a style cannot be seen.
+    spec.window_info.SetAsPopup(nullptr, "DevTools");
+  }
+  // As in CEF, the origin stands for no point at all.
+  std::optional<CefPoint> point;
+  if (!inspect_element_at.IsEmpty()) {
+    point = inspect_element_at;
+  }
+  core_->ShowDevTools(spec, point);
+}
 
-void EditionHost::CloseDevTools() {}
+void EditionHost::CloseDevTools() {
+  core_->CloseDevTools();
+}
 
 bool EditionHost::HasDevTools() {
-  return false;
+  return core_->state().has_devtools;
 }
 
 bool EditionHost::SendDevToolsMessage(const void* message, size_t message_size) {
@@ -207,14 +228,15 @@ void EditionHost::Invalidate(PaintElementType) {
 
 void EditionHost::SendExternalBeginFrame() {}
 
-void EditionHost::SendInput(InputCommand command) {
-  core_->session().Send(command.method, std::move(command.params));
+void EditionHost::SendInput(const InputCommand& command) {
+  core_->Post([command](BrowserCore& core) { core.input().Add(command); });
 }
 
 void EditionHost::SendKeyEvent(const CefKeyEvent& event) {
   std::lock_guard hold(text_lock_);
   if (std::optional<InputCommand> command = TranslateKeyEvent(event, text_)) {
-    SendInput(std::move(*command));
+    core_->Post(
+        [key = KeyPress{event, {}, *command}](BrowserCore& core) { core.input().AddKey(key); });
   }
 }
 

@@ -113,7 +113,7 @@ class EditionHost : public CefBrowserHost {
   void ExecuteChromeCommand(int command_id, cef_window_open_disposition_t disposition) override;
 
  private:
-  void SendInput(struct InputCommand command);
+  void SendInput(const struct InputCommand& command);
 
   const std::shared_ptr<BrowserCore> core_;
   std::mutex text_lock_;

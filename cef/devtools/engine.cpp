@@ -402,6 +402,9 @@ void Engine::OnEvent(const ProtocolEvent& event) {
       browser->OnEvent(event);
       return;
     }
+    if (browser->TakeInspectorEvent(event)) {
+      return;
+    }
     if (browser->devtools().OwnsSession(event.session)) {
       browser->devtools().OnEvent(event);
       return;

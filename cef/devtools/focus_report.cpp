@@ -34,6 +34,11 @@ constexpr char kScript[] = R"((() => {
     }
     return node === document.body || node === document.documentElement ? null : node;
   };
+  globalThis.cefeditionFocus = () => {
+    if (!document.hasFocus()) return '';
+    const node = focused();
+    return node && isEditable(node) ? 'editable' : 'focused';
+  };
   window.addEventListener('focusin', event => {
     const node = event.composedPath()[0];
     if (node instanceof Element) report(node);
@@ -65,6 +70,42 @@ void OnFocusReport(BrowserCore& core, const Json& params) {
     CefRefPtr<CefListValue> arguments = CefListValue::Create();
     arguments->SetBool(0, TextField(params, "payload") == "editable");
     DeliverFromRenderer(core, frame, kMessage, arguments);
+  }
+}
+
+void AskForFocus(BrowserCore& core, std::function<void(PageFocus focus)> done) {
+  const std::vector<ScriptContexts::Context> contexts = core.script_contexts().InWorld(kWorld);
+  if (contexts.empty()) {
+    done(PageFocus::kElsewhere);
+    return;
+  }
+  struct Answers {
+    size_t missing = 0;
+    PageFocus focus = PageFocus::kNone;
+    std::function<void(PageFocus)> done;
+  };
+  const auto answers = std::make_shared<Answers>();
+  answers->missing = contexts.size();
+  answers->done = std::move(done);
+  for (const ScriptContexts::Context& context : contexts) {
+    // A frame that contains the one with the focus has it, too.
+    core.session().Send(
+        "Runtime.evaluate",
+        {{"expression", "cefeditionFocus()"}, {"uniqueContextId", context.unique_id}},
+        [answers](const ProtocolReply& reply) {
+          const Json& result = Field(reply.value, "result");
+          const std::string text = TextField(result, "value");
+          // A frame that cannot answer, because it has just got another document, has not lost it.
+          const bool here = !text.empty() || TextField(result, "type") != "string";
+          if (text == "editable") {
+            answers->focus = PageFocus::kEditable;
+          } else if (here && answers->focus == PageFocus::kNone) {
+            answers->focus = PageFocus::kElsewhere;
+          }
+          if (--answers->missing == 0) {
+            answers->done(answers->focus);
+          }
+        });
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,5 +21,17 @@ std::vector<std::pair<std::string, Json>> FocusReportCommands();
 /// Takes `Runtime.bindingCalled`, and sends the message to the client when it is such a report. UI
 /// thread.
 void OnFocusReport(BrowserCore& core, const Json& params);
+
+/// Where the page's focus is.
+enum class PageFocus {
+  /// It has left the page: the user went beyond the last or before the first node.
+  kNone,
+  kElsewhere,
+  /// In a node that one can write in.
+  kEditable,
+};
+
+/// Asks all frames. `done` may hear late, or never when the page's script runs for ever. UI thread.
+void AskForFocus(BrowserCore& core, std::function<void(PageFocus focus)> done);
 
 }  // namespace cefedition

@@ -1,6 +1,7 @@
 #include "devtools/page_view.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "devtools/base64_bytes.h"
@@ -167,6 +168,30 @@ void PageView::SetFocus(bool focus) {
   }
 }
 
+void PageView::BringToFront() {
+  if (const HWND root = hwnd() ? GetAncestor(hwnd(), GA_ROOT) : nullptr) {
+    if (IsIconic(root)) {
+      ShowWindow(root, SW_RESTORE);
+    }
+    SetForegroundWindow(root);
+  }
+}
+
+POINT PageView::ToView(double x, double y) const {
+  return {std::lround(x * zoom_), std::lround(y * zoom_)};
+}
+
+POINT PageView::ToPage(int x, int y) const {
+  return {std::lround(x / zoom_), std::lround(y / zoom_)};
+}
+
+POINT PageView::ToScreen(double x, double y) const {
+  const double scale = window_ ? window_->GetSize().scale * zoom_ : 1.0;
+  POINT point = {std::lround(x * scale), std::lround(y * scale)};
+  ClientToScreen(hwnd(), &point);
+  return point;
+}
+
 void PageView::SetHidden(bool hidden) {
   if (hidden_ == hidden) {
     return;
@@ -198,15 +223,18 @@ void PageView::OnViewResized(int, int, double) {
   SendSize();
 }
 
-void PageView::OnViewInput(const std::string& method, const nlohmann::json& params) {
-  Json scaled = params;
+void PageView::OnViewInput(const InputCommand& command) {
+  InputCommand scaled = command;
   for (const char* position : {"x", "y"}) {
-    if (Field(scaled, position).is_number()) {
-      scaled[position] = scaled[position].get<double>() / zoom_;
+    if (Field(scaled.params, position).is_number()) {
+      scaled.params[position] = scaled.params[position].get<double>() / zoom_;
     }
   }
-  session_.Send(method, std::move(scaled));
-  delegate_->OnViewInput(method);
+  delegate_->OnViewInput(scaled);
+}
+
+void PageView::OnViewKey(const KeyPress& key) {
+  delegate_->OnViewKey(key);
 }
 
 void PageView::OnViewCloseRequested() {

@@ -25,8 +25,9 @@ class PageView : private ViewWindow::Delegate {
     /// The window is gone without `Destroy`.
     virtual void OnViewDestroyed() = 0;
     virtual void OnViewFocus(bool focused) = 0;
-    /// The user did something; the command has been sent to the page.
-    virtual void OnViewInput(const std::string& method) = 0;
+    /// The user did something; the page is to be told.
+    virtual void OnViewInput(const InputCommand& command) = 0;
+    virtual void OnViewKey(const KeyPress& key) = 0;
 
    protected:
     ~Delegate() = default;
@@ -52,6 +53,12 @@ class PageView : private ViewWindow::Delegate {
 
   void SetTitle(const std::string& title);
   void SetFocus(bool focus);
+  void BringToFront();
+  /// Where a point of the page, in its CSS pixels, is on the screen and in the view's.
+  POINT ToScreen(double x, double y) const;
+  POINT ToView(double x, double y) const;
+  /// The way back.
+  POINT ToPage(int x, int y) const;
   /// A hidden page is not painted.
   void SetHidden(bool hidden);
   /// Has the page painted anew.
@@ -74,7 +81,8 @@ class PageView : private ViewWindow::Delegate {
 
   // ViewWindow::Delegate.
   void OnViewResized(int width_px, int height_px, double scale) override;
-  void OnViewInput(const std::string& method, const nlohmann::json& params) override;
+  void OnViewInput(const InputCommand& command) override;
+  void OnViewKey(const KeyPress& key) override;
   void OnViewCloseRequested() override;
   void OnViewDestroyed() override;
   void OnViewFocus(bool focused) override;

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "devtools/protocol_connection.h"
 
@@ -15,6 +16,8 @@ class ScriptContexts {
     std::string frame_id;
     /// For `Runtime.evaluate`; never used again for another context.
     std::string unique_id;
+    /// The name of the world of scripts that it belongs to; empty for that of the frame's own.
+    std::string world;
   };
 
   /// Any event of the page.
@@ -23,6 +26,9 @@ class ScriptContexts {
   /// By the protocol's number, which counts anew in every process of the page. Null when there is
   /// none.
   const Context* Find(int number) const;
+
+  /// All contexts of a world, one a frame.
+  std::vector<Context> InWorld(const std::string& world) const;
 
  private:
   std::map<int, Context> contexts_;

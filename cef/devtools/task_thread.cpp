@@ -3,6 +3,7 @@
 #include <objbase.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace cefedition {
 
@@ -21,7 +22,7 @@ bool TaskThread::Post(Task task) {
     return false;
   }
   ready_.push_back(std::move(task));
-  SetEvent(wake_.get());
+  Wake();
   return true;
 }
 
@@ -34,7 +35,7 @@ bool TaskThread::PostDelayed(Task task, std::chrono::milliseconds delay) {
     return false;
   }
   delayed_.emplace(Clock::now() + delay, std::move(task));
-  SetEvent(wake_.get());
+  Wake();
   return true;
 }
 
@@ -42,7 +43,7 @@ bool TaskThread::Stop(std::chrono::milliseconds timeout) {
   {
     std::lock_guard hold(lock_);
     stopping_ = true;
-    SetEvent(wake_.get());
+    Wake();
   }
   if (thread_.joinable()) {
     if (!WaitAnsweringSentMessages(ended_.get(), timeout)) {
@@ -51,6 +52,61 @@ bool TaskThread::Stop(std::chrono::milliseconds timeout) {
     thread_.join();
   }
   return true;
+}
+
+// With the lock held.
+void TaskThread::Wake() {
+  SetEvent(wake_.get());
+  if (modal_window_) {
+    PostMessageW(modal_window_, WM_NULL, 0, 0);
+  }
+}
+
+void TaskThread::RunModal(const Task& loop) {
+  // A window without a place on the screen: whoever runs the message loop delivers its messages.
+  const HWND window = CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                      nullptr, nullptr);
+  SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ModalWindowProc));
+  HWND outer = nullptr;
+  {
+    std::lock_guard hold(lock_);
+    outer = std::exchange(modal_window_, window);
+    Wake();
+  }
+  loop();
+  {
+    std::lock_guard hold(lock_);
+    modal_window_ = outer;
+  }
+  DestroyWindow(window);
+}
+
+LRESULT CALLBACK TaskThread::ModalWindowProc(HWND window,
+                                             UINT message,
+                                             WPARAM wparam,
+                                             LPARAM lparam) {
+  if (message == WM_NULL || message == WM_TIMER) {
+    auto* self = reinterpret_cast<TaskThread*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    self->RunInModalLoop(window);
+    return 0;
+  }
+  return DefWindowProcW(window, message, wparam, lparam);
+}
+
+void TaskThread::RunInModalLoop(HWND window) {
+  Task task;
+  DWORD wait_ms = INFINITE;
+  if (TakeDue(task, wait_ms)) {
+    // Before the task, which may run a message loop of its own; after all other messages, so that
+    // the menu itself gets its turn.
+    SetTimer(window, 1, USER_TIMER_MINIMUM, nullptr);
+    task();
+  } else if (wait_ms == INFINITE) {
+    KillTimer(window, 1);
+  } else {
+    SetTimer(window, 1, wait_ms, nullptr);
+  }
 }
 
 bool TaskThread::IsCurrent() const {

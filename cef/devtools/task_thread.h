@@ -34,7 +34,8 @@ class TaskThread {
   TaskThread& operator=(const TaskThread&) = delete;
 
   /// Any thread. False once the thread has been told to stop; the task is then dropped. A task is
-  /// never run inside another one, also not while the other one runs a message loop of its own.
+  /// never run inside another one, also not while the other one runs a message loop of its own,
+  /// except in `RunModal`.
   bool Post(Task task);
   bool PostDelayed(Task task, std::chrono::milliseconds delay);
 
@@ -45,17 +46,27 @@ class TaskThread {
 
   bool IsCurrent() const;
 
+  /// Runs `loop`, which runs a message loop of the system's (a menu's), and tasks go on meanwhile.
+  /// On a thread with windows, from a task that leaves nothing half done.
+  void RunModal(const Task& loop);
+
  private:
   using Clock = std::chrono::steady_clock;
 
   void Run(Kind kind);
   /// Takes the next due task; false when there is none. `wait_ms` then says how long to wait.
   bool TakeDue(Task& task, DWORD& wait_ms);
+  void Wake();
+  /// Runs one task that is due, if there is one, and sees to it that the next gets its turn.
+  void RunInModalLoop(HWND window);
+  static LRESULT CALLBACK ModalWindowProc(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
   std::mutex lock_;
   std::deque<Task> ready_;
   std::multimap<Clock::time_point, Task> delayed_;
   bool stopping_ = false;
+  /// Gets a message when there may be something to run; null outside of `RunModal`.
+  HWND modal_window_ = nullptr;
   UniqueHandle wake_;
   UniqueHandle ended_;
   std::thread thread_;

@@ -87,6 +87,8 @@ struct KeyContext {
   std::string layout_text{};
   /// The key is a dead key on the user's keyboard: it waits for the letter to put its accent on.
   bool dead_key = false;
+  bool caps_lock = false;
+  bool num_lock = false;
 };
 
 /// The command of a WM_KEYDOWN, WM_KEYUP, WM_SYSKEYDOWN, WM_SYSKEYUP, WM_CHAR, WM_UNICHAR or

@@ -81,6 +81,7 @@ class ViewWindowImpl final : public ViewWindow {
   std::optional<LRESULT> OnKey(UINT message, WPARAM wparam, LPARAM lparam);
   void OnDestroyed();
   void AnnounceSize();
+  MSG MessageOf(const WindowMessage& message) const;
   void TrackLeaving();
   void HoldCaptureWhileButtonsAreDown(UINT message, WPARAM wparam);
 
@@ -231,16 +232,21 @@ std::optional<LRESULT> ViewWindowImpl::OnMouse(UINT message, WPARAM wparam, LPAR
   const HWND window = hwnd_;
   HoldCaptureWhileButtonsAreDown(message, wparam);
   if (IsOurs(window, this))
-    delegate_->OnViewInput(command->method, command->params);
+    delegate_->OnViewInput(*command);
   const bool x_button = message == WM_XBUTTONDOWN || message == WM_XBUTTONUP;
   return x_button ? TRUE : 0;
 }
 
 std::optional<LRESULT> ViewWindowImpl::OnKey(UINT message, WPARAM wparam, LPARAM lparam) {
   const WindowMessage key{message, wparam, lparam};
-  const std::optional<InputCommand> command = TranslateKeyMessage(key, ReadKeyContext(key), text_);
-  if (command)
-    delegate_->OnViewInput(command->method, command->params);
+  const KeyContext context = ReadKeyContext(key);
+  const bool of_a_key = message != WM_IME_CHAR && message != WM_UNICHAR;
+  if (const std::optional<InputCommand> command = TranslateKeyMessage(key, context, text_)) {
+    if (of_a_key)
+      delegate_->OnViewKey({MakeKeyEvent(key, context), MessageOf(key), *command});
+    else
+      delegate_->OnViewInput(*command);
+  }
   switch (message) {
     // Alt+F4, Alt+Space and the menu keys keep their meaning.
     case WM_SYSKEYDOWN:
@@ -252,6 +258,16 @@ std::optional<LRESULT> ViewWindowImpl::OnKey(UINT message, WPARAM wparam, LPARAM
     default:
       return 0;
   }
+}
+
+MSG ViewWindowImpl::MessageOf(const WindowMessage& message) const {
+  MSG full{};
+  full.hwnd = hwnd_;
+  full.message = message.message;
+  full.wParam = message.wparam;
+  full.lParam = message.lparam;
+  full.time = static_cast<DWORD>(GetMessageTime());
+  return full;
 }
 
 void ViewWindowImpl::OnDestroyed() {

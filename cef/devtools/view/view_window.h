@@ -3,10 +3,10 @@
 #include <windows.h>
 
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "devtools/view/decoded_image.h"
+#include "devtools/view/key_press.h"
 
 namespace cefedition {
 
@@ -27,7 +27,9 @@ class ViewWindow {
     virtual void OnViewResized(int width_px, int height_px, double scale) = 0;
     /// A command ready to be sent to the page, for example `Input.dispatchMouseEvent`; coordinates
     /// are in CSS pixels.
-    virtual void OnViewInput(const std::string& method, const nlohmann::json& params) = 0;
+    virtual void OnViewInput(const InputCommand& command) = 0;
+    /// A key, with the command that tells the page of it.
+    virtual void OnViewKey(const KeyPress& key) = 0;
     /// Somebody asked the window to close (WM_CLOSE). The window stays until it is destroyed.
     virtual void OnViewCloseRequested() = 0;
     /// The window is gone although its owner did not delete it, for example with its parent.

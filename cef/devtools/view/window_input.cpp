@@ -31,6 +31,11 @@ bool IsDown(int virtual_key) {
   return GetKeyState(virtual_key) < 0;
 }
 
+/// Of a key that locks.
+bool IsOn(int virtual_key) {
+  return (static_cast<unsigned>(GetKeyState(virtual_key)) & 1U) != 0;
+}
+
 HeldKeys ReadHeldKeys() {
   return {.shift = IsDown(VK_SHIFT),
           .control = IsDown(VK_CONTROL),
@@ -67,7 +72,11 @@ MouseContext ReadMouseContext(HWND window, double scale) {
 }
 
 KeyContext ReadKeyContext(const WindowMessage& message) {
-  KeyContext context{.keys = ReadHeldKeys(), .layout_text = {}, .dead_key = false};
+  KeyContext context{.keys = ReadHeldKeys(),
+                     .layout_text = {},
+                     .dead_key = false,
+                     .caps_lock = IsOn(VK_CAPITAL),
+                     .num_lock = IsOn(VK_NUMLOCK)};
   if (!IsKeyMessage(message.message))
     return context;
   KeyboardState state{};

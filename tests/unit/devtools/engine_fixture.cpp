@@ -92,6 +92,16 @@ std::string EngineTest::Evaluate(const std::string& expression) {
   return found.front().substr(start, found.front().rfind("|]") - start);
 }
 
+bool EngineTest::WaitForValue(const std::string& expression, const std::string& value) {
+  const ULONGLONG deadline = GetTickCount64() + 15'000;
+  while (Evaluate(expression) != value) {
+    if (GetTickCount64() >= deadline) {
+      return false;
+    }
+  }
+  return true;
+}
+
 std::string EngineTest::LogText() const {
   std::ifstream file{std::filesystem::path(log_file_)};
   std::ostringstream text;

@@ -32,6 +32,8 @@ class EngineTest : public testing::Test {
   void Run(const std::string& code);
   /// The value of an expression of the page, by way of its console.
   std::string Evaluate(const std::string& expression);
+  /// Asks the page, which tells nobody of the change, until an expression has this value.
+  bool WaitForValue(const std::string& expression, const std::string& value);
 
   std::string LogText() const;
 

@@ -144,7 +144,13 @@ struct Recorder : ViewWindow::Delegate {
     resizes.push_back({width, height, scale});
     Act();
   }
-  void OnViewInput(const std::string& method, const json& params) override {
+  void OnViewKey(const KeyPress& key) override {
+    EXPECT_EQ(key.message.wParam, static_cast<WPARAM>(key.event.windows_key_code));
+    EXPECT_TRUE(IsWindow(key.message.hwnd));
+    OnViewInput(key.command);
+  }
+  void OnViewInput(const InputCommand& command) override {
+    const auto& [method, params] = command;
     inputs.emplace_back(method, params);
     Act();
   }
