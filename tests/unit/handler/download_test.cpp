@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 
 #include "com/text.h"
@@ -51,13 +52,13 @@ class DownloadTest : public HandlerTest {
   // The host answers the next download with these; the path only if there is one.
   void Answer(VARIANT_BOOL can_be_downloaded,
               VARIANT_BOOL show_dialog = VARIANT_FALSE,
-              const wchar_t* path = nullptr) {
+              const std::optional<std::wstring>& path = std::nullopt) {
     EXPECT_CALL(*host_, BeforeDownloadNotify(window(), _, _, _))
         .WillOnce([=](HWND, BSTR* name, VARIANT_BOOL* can, VARIANT_BOOL* show) {
           *can = can_be_downloaded;
           *show = show_dialog;
           if (path) {
-            SysReAllocString(name, path);
+            SysReAllocStringLen(name, path->data(), static_cast<UINT>(path->size()));
           }
         });
   }
@@ -174,14 +175,14 @@ TEST_F(DownloadTest, ShowsTheDialogForTrue) {
 
 TEST_F(DownloadTest, GoesWhereTheHostWantsIt) {
   const std::wstring path = folder_.wstring() + L"\\\u4E2D.bin";
-  Answer(VARIANT_TRUE, VARIANT_FALSE, path.c_str());
+  Answer(VARIANT_TRUE, VARIANT_FALSE, path);
   Begin();
   ExpectContinued(path);
 }
 
 TEST_F(DownloadTest, GoesToTheUsersFolderWhenTheHostsIsNotThere) {
   const std::filesystem::path missing = folder_ / "missing";
-  Answer(VARIANT_TRUE, VARIANT_TRUE, (missing.wstring() + L"\\file.bin").c_str());
+  Answer(VARIANT_TRUE, VARIANT_TRUE, missing.wstring() + L"\\file.bin");
   Begin();
   ExpectContinued(DefaultPath(), true);
   EXPECT_FALSE(std::filesystem::exists(missing));
@@ -190,7 +191,8 @@ TEST_F(DownloadTest, GoesToTheUsersFolderWhenTheHostsIsNotThere) {
 TEST_F(DownloadTest, GoesToTheUsersFolderWhenTheHostsIsAFile) {
   const std::filesystem::path file = folder_ / "file";
   std::ofstream(file) << "content";
-  Answer(VARIANT_TRUE, VARIANT_FALSE, (file.wstring() + L"\\file.bin").c_str());
+  ASSERT_TRUE(std::filesystem::is_regular_file(file));
+  Answer(VARIANT_TRUE, VARIANT_FALSE, file.wstring() + L"\\file.bin");
   Begin();
   ExpectContinued(DefaultPath());
 }
@@ -219,14 +221,14 @@ TEST_F(DownloadTest, GoesToTheUsersFolderForAMissingPath) {
 
 TEST_F(DownloadTest, GoesToTheUsersFolderForAPathBeyondAllLength) {
   const std::wstring path = folder_.wstring() + L"\\" + std::wstring(1 << 20, L'a') + L"\\b.bin";
-  Answer(VARIANT_TRUE, VARIANT_FALSE, path.c_str());
+  Answer(VARIANT_TRUE, VARIANT_FALSE, path);
   Begin();
   ExpectContinued(DefaultPath());
 }
 
 TEST_F(DownloadTest, TakesAFolderForAPath) {
   const std::wstring path = folder_.wstring() + L"\\";
-  Answer(VARIANT_TRUE, VARIANT_TRUE, path.c_str());
+  Answer(VARIANT_TRUE, VARIANT_TRUE, path);
   Begin();
   ExpectContinued(path, true);
 }
