@@ -46,9 +46,9 @@ class NumberedCallback final : public CefSelectClientCertificateCallback {
 };
 
 // The host has marked its main window and forwards the message, as hosts do.
-class ClientCertificateTest : public BrowserInWindowTest {
+class CertificateChoiceTest : public BrowserInWindowTest {
  protected:
-  ClientCertificateTest() {
+  CertificateChoiceTest() {
     SetPropW(main_window_.handle(), kMainWindowProperty, reinterpret_cast<HANDLE>(1));
     main_window_.on_message = [this](UINT message, WPARAM wparam, LPARAM lparam) {
       EXPECT_EQ(message, kHostThreadMessage);
@@ -86,7 +86,7 @@ class ClientCertificateTest : public BrowserInWindowTest {
   CefRefPtr<kzCefClientHandler> handler_;
 };
 
-TEST_F(ClientCertificateTest, IsChosenByTheUser) {
+TEST_F(CertificateChoiceTest, IsChosenByTheUser) {
   Request(1, "intranet.test", {"Ada", "Bob"});
   EXPECT_EQ(main_window_.dialogs, 0);
   Choose(1, IDOK);
@@ -96,21 +96,21 @@ TEST_F(ClientCertificateTest, IsChosenByTheUser) {
   EXPECT_THAT(answers_, ElementsAre(Pair(1, "Bob")));
 }
 
-TEST_F(ClientCertificateTest, IsNoneWhenTheUserCancels) {
+TEST_F(CertificateChoiceTest, IsNoneWhenTheUserCancels) {
   Request(1, "intranet.test", {"Ada", "Bob"});
   Choose(1, IDCANCEL);
   HandleMessages();
   EXPECT_THAT(answers_, ElementsAre(Pair(1, "none")));
 }
 
-TEST_F(ClientCertificateTest, IsNoneAmongNone) {
+TEST_F(CertificateChoiceTest, IsNoneAmongNone) {
   Request(1, "intranet.test", {});
   Choose(-1, IDOK);
   HandleMessages();
   EXPECT_THAT(answers_, ElementsAre(Pair(1, "none")));
 }
 
-TEST_F(ClientCertificateTest, IsAskedForOnceForTheSameServer) {
+TEST_F(CertificateChoiceTest, IsAskedForOnceForTheSameServer) {
   Request(1, "intranet.test", {"Ada", "Bob", "Cy"});
   Request(2, "intranet.test", {"Dan", "Eve"});
   Request(3, "intranet.test", {"Fay", "Guy", "Hal"});
@@ -122,7 +122,7 @@ TEST_F(ClientCertificateTest, IsAskedForOnceForTheSameServer) {
   EXPECT_THAT(answers_, ElementsAre(Pair(1, "Cy"), Pair(2, "none"), Pair(3, "Hal")));
 }
 
-TEST_F(ClientCertificateTest, IsAskedForAnewAfterwards) {
+TEST_F(CertificateChoiceTest, IsAskedForAnewAfterwards) {
   Choose(0, IDOK);
   Request(1, "intranet.test", {"Ada", "Bob"});
   HandleMessages();
@@ -133,7 +133,7 @@ TEST_F(ClientCertificateTest, IsAskedForAnewAfterwards) {
 }
 
 // Kept: only the first of several pending requests gets a message.
-TEST_F(ClientCertificateTest, GetsNoMessageOfItsOwnWhileAnotherServerWaits) {
+TEST_F(CertificateChoiceTest, GetsNoMessageOfItsOwnWhileAnotherServerWaits) {
   Choose(0, IDOK);
   Request(1, "intranet.test", {"Ada", "Bob"});
   Request(2, "other.test", {"Cy", "Dan"});
@@ -146,7 +146,7 @@ TEST_F(ClientCertificateTest, GetsNoMessageOfItsOwnWhileAnotherServerWaits) {
   EXPECT_THAT(messages_, ElementsAre(Pair(1, handler_address())));
 }
 
-TEST_F(ClientCertificateTest, IsAnsweredToARequestThatComesWhileTheDialogIsOpen) {
+TEST_F(CertificateChoiceTest, IsAnsweredToARequestThatComesWhileTheDialogIsOpen) {
   Request(1, "intranet.test", {"Ada", "Bob"});
   main_window_.on_dialog = [&](HWND dialog) {
     Request(2, "intranet.test", {"Ada", "Bob"});
@@ -158,7 +158,7 @@ TEST_F(ClientCertificateTest, IsAnsweredToARequestThatComesWhileTheDialogIsOpen)
   EXPECT_THAT(answers_, ElementsAre(Pair(1, "Bob"), Pair(2, "Bob")));
 }
 
-TEST_F(ClientCertificateTest, OpensNoSecondDialogForAMessageThatCameTwice) {
+TEST_F(CertificateChoiceTest, OpensNoSecondDialogForAMessageThatCameTwice) {
   Request(1, "intranet.test", {"Ada", "Bob"});
   main_window_.on_dialog = [&](HWND dialog) {
     FinishPostedRequest(1, handler_.get());
@@ -171,7 +171,7 @@ TEST_F(ClientCertificateTest, OpensNoSecondDialogForAMessageThatCameTwice) {
   EXPECT_THAT(answers_, ElementsAre(Pair(1, "Ada")));
 }
 
-TEST_F(ClientCertificateTest, OutlivesItsBrowser) {
+TEST_F(CertificateChoiceTest, OutlivesItsBrowser) {
   Request(1, "intranet.test", {"Ada", "Bob"});
   const kzCefClientHandler* const address = handler_.get();
   main_window_.on_dialog = [&](HWND dialog) {
@@ -187,7 +187,7 @@ TEST_F(ClientCertificateTest, OutlivesItsBrowser) {
   EXPECT_EQ(main_window_.dialogs, 1);
 }
 
-TEST_F(ClientCertificateTest, IsAskedForAfterItsBrowserHasGone) {
+TEST_F(CertificateChoiceTest, IsAskedForAfterItsBrowserHasGone) {
   Request(1, "intranet.test", {"Ada", "Bob"});
   instance_ = nullptr;
   handler_ = nullptr;
@@ -196,7 +196,7 @@ TEST_F(ClientCertificateTest, IsAskedForAfterItsBrowserHasGone) {
   EXPECT_THAT(answers_, ElementsAre(Pair(1, "Ada")));
 }
 
-TEST_F(ClientCertificateTest, WaitsWithoutAMainWindow) {
+TEST_F(CertificateChoiceTest, WaitsWithoutAMainWindow) {
   main_window_.Destroy();
   Request(1, "intranet.test", {"Ada", "Bob"});
   HandleMessages();
@@ -204,7 +204,7 @@ TEST_F(ClientCertificateTest, WaitsWithoutAMainWindow) {
   EXPECT_THAT(answers_, IsEmpty());
 }
 
-TEST_F(ClientCertificateTest, IsNoLongerWaitedForWhenTheMainWindowWentAfterTheMessage) {
+TEST_F(CertificateChoiceTest, IsNoLongerWaitedForWhenTheMainWindowWentAfterTheMessage) {
   Request(1, "intranet.test", {"Ada", "Bob"});
   main_window_.Destroy();
   FinishPostedRequest(1, handler_.get());
@@ -212,7 +212,7 @@ TEST_F(ClientCertificateTest, IsNoLongerWaitedForWhenTheMainWindowWentAfterTheMe
   EXPECT_FALSE(handler_->dispatcher()->HasPendingWork());
 }
 
-TEST_F(ClientCertificateTest, IsTheSameMatterForAllBrowsers) {
+TEST_F(CertificateChoiceTest, IsTheSameMatterForAllBrowsers) {
   kzCefInstance second;
   EXPECT_EQ(second.CreateBrowser(parent_.handle(), "http://b.test/"), 1);
   const CefRefPtr<kzCefClientHandler> second_handler = requested_handler();
