@@ -85,7 +85,7 @@ std::wstring SaveDialog::Show(HWND owner, const std::wstring& initial) {
   const bool chosen = GetSaveFileNameW(&settings);
   std::lock_guard hold(lock_);
   dialog_ = nullptr;
-  return chosen && !cancelled_ ? std::wstring(file.c_str()) : std::wstring();
+  return chosen && !cancelled_ ? file.substr(0, file.find(L'\0')) : std::wstring();
 }
 
 }  // namespace cefedition
