@@ -73,20 +73,46 @@ def test_host_is_asked_and_its_answer_opens_the_proxy(hosts, site, proxy):
     assert (asked["shouldContinue"], asked["username"], asked["password"]) == (False, "", "")
 
 
-def test_secrets_are_written_nowhere(hosts, site, proxy):
-    site.page("/a.html")
-    run = browse(hosts, proxy, "http://page.test/a.html", answer(USER, PASSWORD),
-                 wait("LoadEndNotify", httpStatus=200),
-                 env={"CefLogEnabled": "1"}, settings={"LogSeverity": 1})
-    run.succeeded()
-    assert "KZCEF Trace" in run.output
-    written = [f for f in hosts.folder.rglob("*") if f.is_file() and not f.name.endswith(".steps")]
+def holds_no_secret(folder):
+    written = [f for f in folder.rglob("*") if f.is_file() and not f.name.endswith(".steps")]
     assert any(f.name == "debug.log" for f in written)
     secrets = [PASSWORD.encode(), PASSWORD.encode("utf-16-le"), Hub._basic(USER, PASSWORD).encode(),
-               "wörd-7391".encode(), b"rd-7391", USER.encode()]
+               b"rd-7391", USER.encode(), USER.encode("utf-16-le")]
     for file in written:
         content = file.read_bytes()
         assert not [s for s in secrets if s in content], file
+
+
+VERBOSE = {"env": {"CefLogEnabled": "1"}, "settings": {"LogSeverity": 1}}
+
+
+def test_secrets_are_written_nowhere(hosts, site, proxy):
+    site.page("/a.html")
+    run = browse(hosts, proxy, "http://page.test/a.html", answer(USER, PASSWORD),
+                 wait("LoadEndNotify", httpStatus=200), **VERBOSE)
+    run.succeeded()
+    assert "KZCEF Trace" in run.output
+    holds_no_secret(hosts.folder)
+
+
+def test_secrets_of_a_request_that_does_not_go_on_are_written_nowhere(hosts, site, proxy):
+    site.page("/a.html")
+    browse(hosts, proxy, "http://page.test/a.html", answer(USER, PASSWORD, 1),
+           wait("LoadEndNotify", httpStatus=407), **VERBOSE).succeeded()
+    holds_no_secret(hosts.folder)
+
+
+def test_secrets_of_a_provider_are_written_nowhere(hosts, site, providers):
+    site.page("/a.html")
+    proxy = Hub(site.url(), credentials=(USER, "wrd-7391"))
+    try:
+        browse(hosts, proxy, "http://page.test/a.html", wait("LoadEndNotify", httpStatus=200),
+               kind="KzxHarbor", settings=VERBOSE["settings"],
+               env={**VERBOSE["env"],
+                    "KZ_CREDENTIALS": '{"username":"%s","password":"wrd-7391"}' % USER}).succeeded()
+    finally:
+        proxy.close()
+    holds_no_secret(hosts.folder)
 
 
 @pytest.mark.parametrize("proceed", [0, 1])

@@ -12,6 +12,7 @@
 #include "include/wrapper/cef_closure_task.h"
 #include "runtime/cache_directory.h"
 #include "runtime/kz_cef_instance.h"
+#include "runtime/pending_requests.h"
 
 namespace kzcef {
 namespace {
@@ -42,6 +43,7 @@ bool kzCefBridgeImpl::Shutdown() {
   try {
     // CEF wants its objects back before it ends; without the manager no cookie is set any more.
     cookie_manager_ = nullptr;
+    EndPendingRequests();
     CefShutdown();
     ReleaseCacheLock();
     return true;

@@ -21,10 +21,13 @@ std::optional<int> CertificateRequest::Ask(HWND main_window) noexcept {
 }
 
 void CertificateRequest::Answer(int choice) noexcept {
-  const bool chosen = choice >= 0 && static_cast<size_t>(choice) < certificates_.size();
+  const CefRefPtr<kzCefClientHandler> handler = std::exchange(handler_, nullptr);
+  const auto certificates = std::exchange(certificates_, {});
+  const auto callback = std::exchange(callback_, nullptr);
+  const bool chosen = choice >= 0 && static_cast<size_t>(choice) < certificates.size();
   Contained([&] {
-    if (callback_) {
-      callback_->Select(chosen ? certificates_[static_cast<size_t>(choice)] : nullptr);
+    if (callback) {
+      callback->Select(chosen ? certificates[static_cast<size_t>(choice)] : nullptr);
     }
   });
 }

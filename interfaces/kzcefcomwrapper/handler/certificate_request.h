@@ -22,10 +22,10 @@ class CertificateRequest final : public ParkedRequest {
   void Answer(int choice) noexcept override;
 
  private:
-  const CefRefPtr<kzCefClientHandler> handler_;
+  CefRefPtr<kzCefClientHandler> handler_;
   const CefString site_;
-  const CefRequestHandler::X509CertificateList certificates_;
-  const CefRefPtr<CefSelectClientCertificateCallback> callback_;
+  CefRequestHandler::X509CertificateList certificates_;
+  CefRefPtr<CefSelectClientCertificateCallback> callback_;
 };
 
 }  // namespace kzcef

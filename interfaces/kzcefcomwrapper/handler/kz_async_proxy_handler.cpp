@@ -68,8 +68,12 @@ class SecretVariant {
   SecretVariant& operator=(const SecretVariant&) = delete;
 
   VARIANT* address() { return &value_; }
-  // Empty when it is no text.
+  // Empty when it is no text: nothing is converted, for the default member of an object could run
+  // whatever it likes.
   std::wstring_view text() const {
+    if (V_VT(&value_) == (VT_BSTR | VT_BYREF)) {
+      return V_BSTRREF(&value_) ? ViewOf(*V_BSTRREF(&value_)) : std::wstring_view();
+    }
     return V_VT(&value_) == VT_BSTR ? ViewOf(V_BSTR(&value_)) : std::wstring_view();
   }
 
@@ -129,10 +133,8 @@ void AskProvider(AuthAnswer& answer) {
   const ComScope com;
   const ComPtr<IDispatch> provider = CreateProvider();
   SecretVariant told;
-  SecretVariant text;
-  if (provider && CallProvider(*provider.Get(), told.address()) &&
-      SUCCEEDED(VariantChangeType(text.address(), told.address(), 0, VT_BSTR))) {
-    ContinueWith(text.text(), answer);
+  if (provider && CallProvider(*provider.Get(), told.address())) {
+    ContinueWith(told.text(), answer);
   }
 }
 

@@ -18,7 +18,8 @@ class ParkedRequest {
   // index of what was chosen, or -1 when the user chose nothing. No value when nothing could be
   // asked.
   virtual std::optional<int> Ask(HWND main_window) noexcept = 0;
-  // Completes the request with a choice that Ask made, here or at a request it is parked with.
+  // Completes the request with a choice that Ask made, here or at a request it is parked with, and
+  // gives up what it holds of CEF's. May be called inside Ask, which then goes on by itself.
   virtual void Answer(int choice) noexcept = 0;
 };
 

@@ -12,8 +12,9 @@
 namespace kzcef {
 namespace {
 
-// In the order in which they came; the first is the one that has an identifier.
-using Group = std::vector<std::unique_ptr<ParkedRequest>>;
+// In the order in which they came; the first is the one that has an identifier. Shared with whoever
+// is asking about it.
+using Group = std::vector<std::shared_ptr<ParkedRequest>>;
 using Identifier = HostThreadDispatcher::Identifier;
 
 struct Pending {
@@ -27,6 +28,8 @@ struct Tables {
   Identifier next_identifier = 1;
   std::map<Identifier, Pending> pending;
   std::map<std::string, Group> groups;
+  // The engine is about to end, for the life of the process.
+  bool closed = false;
 };
 
 // Never destroyed: the requests hold objects of CEF's, which may be gone before static objects are.
@@ -35,9 +38,8 @@ Tables& TheTables() {
   return *tables;
 }
 
-// The request to ask, which now counts as in progress; null when there is nothing to ask. It stays
-// where it is until TakeGroup: requests that join meanwhile do not move it.
-ParkedRequest* Begin(Identifier identifier) {
+// The request to ask, which now counts as in progress; null when there is nothing to ask.
+std::shared_ptr<ParkedRequest> Begin(Identifier identifier) {
   Tables& tables = TheTables();
   const std::lock_guard lock(tables.mutex);
   const auto found = tables.pending.find(identifier);
@@ -46,13 +48,17 @@ ParkedRequest* Begin(Identifier identifier) {
     return nullptr;
   }
   found->second.in_progress = true;
-  return tables.groups.at(found->second.key).front().get();
+  return tables.groups.at(found->second.key).front();
 }
 
+// Empty when all requests were ended meanwhile.
 Group TakeGroup(Identifier identifier) {
   Tables& tables = TheTables();
   const std::lock_guard lock(tables.mutex);
   const auto found = tables.pending.find(identifier);
+  if (found == tables.pending.end()) {
+    return {};
+  }
   const auto members = tables.groups.find(found->second.key);
   Group group = std::move(members->second);
   tables.groups.erase(members);
@@ -73,6 +79,9 @@ HostThreadDispatcher::Identifier PendingRequests::ParkRequest(
     std::unique_ptr<ParkedRequest> request) {
   Tables& tables = TheTables();
   const std::lock_guard lock(tables.mutex);
+  if (tables.closed) {
+    return 0;
+  }
   if (const auto group = tables.groups.find(key); group != tables.groups.end()) {
     group->second.push_back(std::move(request));
     return 0;
@@ -98,7 +107,7 @@ void PendingRequests::PostToMainWindow(Identifier identifier, const kzCefClientH
 }
 
 void PendingRequests::ProcessRequest(Identifier identifier) {
-  ParkedRequest* const first = Begin(identifier);
+  const std::shared_ptr<ParkedRequest> first = Begin(identifier);
   if (!first) {
     return;
   }
@@ -107,8 +116,25 @@ void PendingRequests::ProcessRequest(Identifier identifier) {
   if (!choice) {
     return;
   }
-  for (const std::unique_ptr<ParkedRequest>& request : group) {
+  for (const std::shared_ptr<ParkedRequest>& request : group) {
     request->Answer(*choice);
+  }
+}
+
+void EndPendingRequests() noexcept {
+  constexpr int kNone = -1;
+  std::map<std::string, Group> groups;
+  Tables& tables = TheTables();
+  {
+    const std::lock_guard lock(tables.mutex);
+    tables.closed = true;
+    tables.pending.clear();
+    groups.swap(tables.groups);
+  }
+  for (const auto& [key, group] : groups) {
+    for (const std::shared_ptr<ParkedRequest>& request : group) {
+      request->Answer(kNone);
+    }
   }
 }
 

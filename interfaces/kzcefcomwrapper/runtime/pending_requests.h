@@ -25,4 +25,9 @@ class PendingRequests final : public HostThreadDispatcher {
   IMPLEMENT_REFCOUNTING(PendingRequests);
 };
 
+// Answers all pending requests with no choice, also one whose question is on the screen, whose
+// answer then counts no more. What comes later is freed without an answer. For the end of the
+// engine, which wants its objects back; host's thread.
+void EndPendingRequests() noexcept;
+
 }  // namespace kzcef

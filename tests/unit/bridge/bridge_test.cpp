@@ -5,12 +5,16 @@
 
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <new>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "bridge/init_cef_runtime.h"
 #include "runtime/kz_cef_instance.h"
+#include "runtime/pending_requests.h"
 #include "unit/bridge/bridge_test.h"
 #include "unit/instance/marshalled_object.h"
 
@@ -268,6 +272,27 @@ TEST_F(BridgeTest, ShutsCefDownAndThenGivesTheCacheLockBack) {
   EXPECT_EQ(cef_.shutdown_count, 1);
   EXPECT_EQ(runtime_.releases, 1);
   EXPECT_EQ(runtime_.shutdowns_before_release, 1);
+}
+
+// Notes how often CEF had been shut down when it was answered.
+class WaitingRequest final : public ParkedRequest {
+ public:
+  WaitingRequest(const int& shutdowns, std::vector<int>& answers)
+      : shutdowns_(shutdowns), answers_(answers) {}
+  std::optional<int> Ask(HWND) noexcept override { return std::nullopt; }
+  void Answer(int) noexcept override { answers_.push_back(shutdowns_); }
+
+ private:
+  const int& shutdowns_;
+  std::vector<int>& answers_;
+};
+
+TEST_F(BridgeTest, AnswersWhatWaitsForTheHostsThreadBeforeItShutsCefDown) {
+  std::vector<int> answers;
+  const CefRefPtr<HostThreadDispatcher> requests = new PendingRequests();
+  requests->ParkRequest("a:1", std::make_unique<WaitingRequest>(cef_.shutdown_count, answers));
+  EXPECT_TRUE(bridge_.Shutdown());
+  EXPECT_THAT(answers, ElementsAre(0));
 }
 
 TEST_F(BridgeTest, ShutsDownAlsoWithoutACacheLock) {

@@ -250,9 +250,14 @@ TEST_F(ProxyProviderTest, IsCalledByNameWithoutArguments) {
   EXPECT_EQ(provider->live, 0);
 }
 
-TEST_F(ProxyProviderTest, TellsTextsWithAnythingButACommaOrAQuoteAtTheirEnds) {
-  Answer(Text(LR"({"password":"p\u00E4:{}'","other":"x","username":"DOM\us"er"})"));
-  ExpectContinued(LR"(DOM\us"er)", LR"(p\u00E4:{}')");
+TEST_F(ProxyProviderTest, TellsTextsAsTheyAreWritten) {
+  Answer(Text(LR"({"password":"p\u00E4:{},'","other":"x","username":"DOM\us"er"})"));
+  ExpectContinued(LR"(DOM\us"er)", LR"(p\u00E4:{},')");
+}
+
+TEST_F(ProxyProviderTest, TellsTextsWithoutTheBlanksAndQuotesAtTheirEnds) {
+  Answer(Text(LR"({"username":" u ","password":"" p ""})"));
+  ExpectContinued(L"u", L"p");
 }
 
 TEST_F(ProxyProviderTest, TellsEmptyTexts) {

@@ -9,6 +9,7 @@
 #include "handler/posted_message.h"
 #include "recording_cef/fake_certificate.h"
 #include "runtime/main_window.h"
+#include "runtime/pending_requests.h"
 #include "unit/dialogs/owner_window.h"
 #include "unit/dialogs/shown_list.h"
 #include "unit/instance/instance_test.h"
@@ -185,6 +186,29 @@ TEST_F(CertificateChoiceTest, OutlivesItsBrowser) {
   // Nobody has kept the handler.
   FinishPostedRequest(1, address);
   EXPECT_EQ(main_window_.dialogs, 1);
+}
+
+TEST_F(CertificateChoiceTest, IsNoneAtTheEndOfTheEngineEvenWhileTheDialogIsOpen) {
+  Request(1, "intranet.test", {"Ada", "Bob"});
+  Request(2, "intranet.test", {"Ada", "Bob"});
+  main_window_.on_dialog = [&](HWND dialog) {
+    EndPendingRequests();
+    EXPECT_THAT(answers_, ElementsAre(Pair(1, "none"), Pair(2, "none")));
+    ShownList(dialog).Select(0);
+    Press(dialog, IDOK);
+  };
+  HandleMessages();
+  EXPECT_EQ(main_window_.dialogs, 1);
+  EXPECT_EQ(answers_.size(), 2u);
+}
+
+TEST_F(CertificateChoiceTest, OpensNoDialogForAMessageThatComesAfterTheEndOfTheEngine) {
+  Request(1, "intranet.test", {"Ada", "Bob"});
+  EndPendingRequests();
+  HandleMessages();
+  EXPECT_EQ(messages_.size(), 1u);
+  EXPECT_EQ(main_window_.dialogs, 0);
+  EXPECT_THAT(answers_, ElementsAre(Pair(1, "none")));
 }
 
 TEST_F(CertificateChoiceTest, IsAskedForAfterItsBrowserHasGone) {

@@ -22,6 +22,7 @@ using testing::HandleMessages;
 using ::testing::IsEmpty;
 using testing::OwnerWindow;
 using ::testing::Pair;
+using ::testing::UnorderedElementsAre;
 
 // What became of the requests of a test, each under its name.
 struct Fates {
@@ -234,6 +235,39 @@ TEST_F(PendingRequestsTest, GivesEveryRequestANumberOfItsOwn) {
   EXPECT_EQ(uses.size(), static_cast<size_t>(kEach * kThreads));
   EXPECT_EQ(uses.begin()->first, 1u);
   EXPECT_EQ(uses.rbegin()->first, static_cast<size_t>(kEach * kThreads));
+}
+
+TEST_F(PendingRequestsTest, EndsEveryRequestWithoutAChoice) {
+  Park("b:1", "first");
+  Park("a:1", "second");
+  Park("b:1", "third");
+  EndPendingRequests();
+  EXPECT_THAT(fates_.answers,
+              UnorderedElementsAre(Pair("first", -1), Pair("second", -1), Pair("third", -1)));
+  EXPECT_EQ(fates_.freed.size(), 3u);
+  EXPECT_FALSE(requests_->HasPendingWork());
+  requests_->ProcessRequest(1);
+  EXPECT_THAT(fates_.asked, IsEmpty());
+}
+
+TEST_F(PendingRequestsTest, KeepsARequestThatIsEndedDuringItsQuestion) {
+  Park("a:1", "first");
+  fates_.during_question = [&] {
+    EndPendingRequests();
+    EXPECT_THAT(fates_.answers, ElementsAre(Pair("first", -1)));
+    EXPECT_THAT(fates_.freed, IsEmpty());
+  };
+  requests_->ProcessRequest(1);
+  EXPECT_EQ(fates_.answers.size(), 1u);
+  EXPECT_THAT(fates_.freed, ElementsAre("first"));
+}
+
+TEST_F(PendingRequestsTest, ParksNothingAfterTheEnd) {
+  EndPendingRequests();
+  EXPECT_EQ(Park("a:1", "late"), 0u);
+  EXPECT_THAT(fates_.freed, ElementsAre("late"));
+  EXPECT_THAT(fates_.answers, IsEmpty());
+  EXPECT_FALSE(requests_->HasPendingWork());
 }
 
 }  // namespace

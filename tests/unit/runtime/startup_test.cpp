@@ -13,7 +13,9 @@
 #include "recording_cef/recording_cef.h"
 #include "runtime/cache_directory.h"
 #include "runtime/kz_cef_app.h"
+#include "runtime/main_window.h"
 #include "temporary_folder.h"
+#include "unit/dialogs/owner_window.h"
 #include "utils/handles.h"
 #include "utils/kzcefwrapperutils.h"
 #include "utils/path_text.h"
@@ -63,6 +65,13 @@ TEST_F(StartupTest, StartsCefWithoutSandboxAndInstance) {
   EXPECT_EQ(TheInitialization().sandbox_info, nullptr);
   EXPECT_EQ(TheInitialization().thread_id, GetCurrentThreadId());
   EXPECT_TRUE(dynamic_cast<kzCefApp*>(TheInitialization().app.get()));
+}
+
+TEST_F(StartupTest, TakesTheCallersThreadForTheOneOfTheMainWindow) {
+  const testing::OwnerWindow window;
+  EXPECT_EQ(FindMainWindow(), nullptr);
+  EXPECT_TRUE(StartCefRuntime(nullptr, &settings_));
+  EXPECT_EQ(FindMainWindow(), window.handle());
 }
 
 TEST_F(StartupTest, TakesNoInstanceHandleFromTheCaller) {
