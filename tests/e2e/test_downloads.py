@@ -120,11 +120,11 @@ def test_save_dialogue_decides(hosts, site, desk, tmp_path, downloads):
     host = hosts.start([created(), loaded(), answer(ShowSaveAsDialog=1), fetch(offer(site)),
                         wait("DownloadCompletedNotify")], url=site.page("/a.html"))
     host.wait_for("BeforeDownloadNotify")
-    before = set(desk.wait_for_named_window("Save As"))
+    dialog = desk.wait_for_dialog("Save As")
     desk.key("ctrl+a")
     desk.type(wine.windows_path(chosen))
     desk.key("Return")
-    desk.wait_until_gone(before)
+    desk.wait_until_gone(dialog)
     host.finish().succeeded()
     assert chosen.read_bytes() == CONTENT
     assert list(downloads.iterdir()) == []
@@ -135,8 +135,9 @@ def test_save_dialogue_that_is_cancelled_cancels_the_download(hosts, site, desk,
                         wait("DownloadUpdatedNotify", DownloadStatus=2)],
                        url=site.page("/a.html"))
     host.wait_for("BeforeDownloadNotify")
-    desk.wait_for_named_window("Save As")
+    dialog = desk.wait_for_dialog("Save As")
     desk.key("Escape")
+    desk.wait_until_gone(dialog)
     events = host.finish().succeeded()
     # Told once, and nothing was completed.
     assert [status for status, _ in updates(events)].count(2) == 1
