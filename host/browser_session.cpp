@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <utility>
+#include <vector>
 
 #include "com/browser_handler.h"
 #include "com/server.h"
@@ -88,11 +89,13 @@ void BrowserSession::ShowNews() {
     return;
   }
   bool address_changed = false;
+  std::vector<std::wstring> lines;
   for (const Notification& notification : log_->After(shown_, name_)) {
     shown_ = notification.sequence + 1;
-    window_->AppendLine(ToWide(ToPlainLine(notification)));
+    lines.push_back(ToWide(ToPlainLine(notification)));
     address_changed = address_changed || notification.name == "AddressChangeNotify";
   }
+  window_->AppendLines(lines);
   if (address_changed) {
     // The notification comes for frames inside the page too; the object knows the page's address.
     std::wstring url;

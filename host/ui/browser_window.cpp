@@ -111,14 +111,22 @@ void BrowserWindow::ShowAddress(const std::wstring& address) {
   SetWindowTextW(address_, address.c_str());
 }
 
-void BrowserWindow::AppendLine(const std::wstring& line) {
-  SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+void BrowserWindow::AppendLines(const std::vector<std::wstring>& lines) {
+  if (lines.empty()) {
+    return;
+  }
+  // Drawn once for all of them: a page in a hurry makes hundreds a second.
+  SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
+  for (const std::wstring& line : lines) {
+    SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+  }
   LRESULT count = SendMessageW(list_, LB_GETCOUNT, 0, 0);
-  if (count > kLinesKept) {
+  for (; count > kLinesKept; --count) {
     SendMessageW(list_, LB_DELETESTRING, 0, 0);
-    --count;
   }
   SendMessageW(list_, LB_SETTOPINDEX, static_cast<WPARAM>(count - 1), 0);
+  SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
+  InvalidateRect(list_, nullptr, TRUE);
 }
 
 void BrowserWindow::ResizeView(int width, int height) {

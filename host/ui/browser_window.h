@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace kzhost {
 
@@ -39,7 +40,7 @@ class BrowserWindow {
   HWND view() const { return view_; }
 
   void ShowAddress(const std::wstring& address);
-  void AppendLine(const std::wstring& line);
+  void AppendLines(const std::vector<std::wstring>& lines);
   // Sizes the window so that the view gets this size.
   void ResizeView(int width, int height);
   // In front of the host's other windows.

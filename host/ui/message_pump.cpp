@@ -12,9 +12,11 @@ using std::chrono::steady_clock;
 constexpr milliseconds kAskAgain{20};
 constexpr UINT kMailArrived = WM_APP + 1;
 
+// Stops after a while: messages may come as fast as they are handled.
 void HandlePendingMessages() {
+  const auto end = steady_clock::now() + kAskAgain;
   MSG message;
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+  while (steady_clock::now() < end && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
     HWND root = message.hwnd ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
     // Tab and Enter in the address bar.
     if (!root || !IsDialogMessageW(root, &message)) {
@@ -57,13 +59,17 @@ Mailbox::~Mailbox() {
   DestroyWindow(window_);
 }
 
-void Mailbox::Post() const {
-  PostMessageW(window_, kMailArrived, 0, 0);
+void Mailbox::Post() {
+  if (!is_waiting_.exchange(true) && !PostMessageW(window_, kMailArrived, 0, 0)) {
+    is_waiting_ = false;
+  }
 }
 
 LRESULT CALLBACK Mailbox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   auto* mailbox = reinterpret_cast<Mailbox*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (message == kMailArrived && mailbox) {
+    // Before it is looked at: what comes from now on may be missed.
+    mailbox->is_waiting_ = false;
     mailbox->on_mail_();
     return 0;
   }

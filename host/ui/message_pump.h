@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <chrono>
 #include <functional>
 
@@ -25,14 +26,15 @@ class Mailbox {
   Mailbox(const Mailbox&) = delete;
   Mailbox& operator=(const Mailbox&) = delete;
 
-  // Makes `on_mail` run soon; on any thread, never waits.
-  void Post() const;
+  // Makes `on_mail` run soon, once for all posts up to then; on any thread, never waits.
+  void Post();
 
  private:
   static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
   std::function<void()> on_mail_;
   HWND window_ = nullptr;
+  std::atomic<bool> is_waiting_ = false;
 };
 
 }  // namespace kzhost

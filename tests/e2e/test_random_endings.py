@@ -1,5 +1,5 @@
 """Hosts that end at moments which nobody has chosen: while pages load, files arrive, notifications
-are under way and menus are open. None crashes, hangs or leaves anything behind.
+are under way, and menus and save dialogues are open. None crashes, hangs or leaves anything behind.
 
 Twenty times; KZ_ENDINGS in the environment has another number. A failure names its seed, with which
 KZ_ENDING_SEED brings the same moments once more.
@@ -45,7 +45,8 @@ def test_host_ends_cleanly_at_any_moment(hosts, site, tmp_path, number):
     answers = [
         do("answer", notification="BeforeDownloadNotify",
            set={"DownloadPathName": wine.windows_path(tmp_path / "file.bin"),
-                "CanBeDownloaded": chance.choice([True, False])}),
+                "CanBeDownloaded": chance.choice([True, False]),
+                "ShowSaveAsDialog": chance.random() < 0.2}),
         do("answer", notification="BeforePopupNotify",
            set={"Continue": chance.choice([True, False])}),
         do("answer", notification=chance.choice(["BeforeResourceLoadNotify", "LoadStartNotify",
@@ -78,3 +79,5 @@ def test_host_ends_cleanly_at_any_moment(hosts, site, tmp_path, number):
     finally:
         timer.cancel()
     run.succeeded()
+    # Its second half never comes.
+    assert not (tmp_path / "file.bin").exists()
