@@ -1,6 +1,6 @@
-// Credential providers of a host installation, one class for each kind of host. "GetProxyCredential"
-// answers the text of the environment variable KZ_CREDENTIALS, in which "{kind}" is replaced by the
-// name of the class; without the variable it fails.
+// Credential providers of a host installation, one class for each kind of host.
+// "GetProxyCredential" answers the text of the environment variable KZ_CREDENTIALS, in which
+// "{kind}" is replaced by the name of the class; without the variable it fails.
 #include <windows.h>
 
 #include <oaidl.h>
@@ -24,12 +24,12 @@ struct ProviderClass {
 };
 
 constexpr std::array kClasses = {
-    ProviderClass{
-        {0xD7EBFB49, 0xDC9B, 0x4560, {0xA7, 0x3F, 0x89, 0x3A, 0x93, 0x57, 0x5A, 0x8E}}, L"meadow"},
-    ProviderClass{
-        {0xC9E54B23, 0x10E5, 0x4F0C, {0xAB, 0x9B, 0x81, 0x18, 0x1B, 0x50, 0x8E, 0x3E}}, L"quill"},
-    ProviderClass{
-        {0x219180B0, 0x7183, 0x4FE2, {0xB1, 0x67, 0x4E, 0x2B, 0xFE, 0x53, 0x40, 0x04}}, L"harbor"},
+    ProviderClass{{0xD7EBFB49, 0xDC9B, 0x4560, {0xA7, 0x3F, 0x89, 0x3A, 0x93, 0x57, 0x5A, 0x8E}},
+                  L"meadow"},
+    ProviderClass{{0xC9E54B23, 0x10E5, 0x4F0C, {0xAB, 0x9B, 0x81, 0x18, 0x1B, 0x50, 0x8E, 0x3E}},
+                  L"quill"},
+    ProviderClass{{0x219180B0, 0x7183, 0x4FE2, {0xB1, 0x67, 0x4E, 0x2B, 0xFE, 0x53, 0x40, 0x04}},
+                  L"harbor"},
 };
 
 constexpr DISPID kGetProxyCredential = 1;
