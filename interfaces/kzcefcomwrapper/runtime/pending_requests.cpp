@@ -107,11 +107,13 @@ void PendingRequests::PostToMainWindow(Identifier identifier, const kzCefClientH
 }
 
 void PendingRequests::ProcessRequest(Identifier identifier) {
-  const std::shared_ptr<ParkedRequest> first = Begin(identifier);
+  std::shared_ptr<ParkedRequest> first = Begin(identifier);
   if (!first) {
     return;
   }
   const std::optional<int> choice = first->Ask(FindMainWindow());
+  // From here on it is the group's, and freed in its turn.
+  first = nullptr;
   const Group group = TakeGroup(identifier);
   if (!choice) {
     return;
