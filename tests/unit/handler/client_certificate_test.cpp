@@ -128,11 +128,18 @@ TEST_F(ClientCertificateTest, SelectsTheCertificateAtThePlaceChosen) {
 }
 
 TEST_F(ClientCertificateTest, SelectsNoneForNoChoiceAndForPlacesThatItLacks) {
-  EXPECT_TRUE(Ask({ada_, bob_}));
   for (const int choice : {-1, 2, INT_MAX, INT_MIN}) {
-    dispatcher_->requests.at(0)->Answer(choice);
+    EXPECT_TRUE(Ask({ada_, bob_}));
+    dispatcher_->requests.back()->Answer(choice);
   }
   EXPECT_THAT(callback_->selected, ElementsAre(nullptr, nullptr, nullptr, nullptr));
+}
+
+TEST_F(ClientCertificateTest, IsSelectedOnce) {
+  EXPECT_TRUE(Ask({ada_, bob_}));
+  dispatcher_->requests.at(0)->Answer(1);
+  dispatcher_->requests.at(0)->Answer(0);
+  EXPECT_THAT(callback_->selected, ElementsAre(bob_.get()));
 }
 
 TEST_F(ClientCertificateTest, NeedsNoCallback) {
