@@ -13,7 +13,7 @@ RUN_TIMEOUT = 150
 
 
 # Wine's own remarks: of a thread, or about a missing 32-bit half.
-_WINES = re.compile(r"[0-9a-f]{4}:err:|.*(it looks like wine32 is missing|multiarch needs to be"
+_WINES = re.compile(r"([0-9a-f]{4}:)?err:|.*(it looks like wine32 is missing|multiarch needs to be"
                     r" enabled first|execute \"dpkg --add-architecture|apt-get install wine32)")
 
 
