@@ -1,6 +1,7 @@
 #include "devtools/context_menu_params.h"
 
 #include "devtools/json_fields.h"
+#include "devtools/own_world_script.h"
 
 namespace cefedition {
 namespace {
@@ -167,11 +168,7 @@ class ContextMenuParams : public CefContextMenuParams {
 }  // namespace
 
 std::vector<std::pair<std::string, Json>> ContextMenuReportCommands() {
-  return {
-      {"Runtime.addBinding", {{"name", kBinding}, {"executionContextName", kWorld}}},
-      {"Page.addScriptToEvaluateOnNewDocument",
-       {{"source", kScript}, {"worldName", kWorld}, {"runImmediately", true}}},
-  };
+  return OwnWorldScript(kWorld, kBinding, kScript, InOpenDocuments::kAtOnce);
 }
 
 bool ParseContextMenuReport(const Json& params, ContextMenuReport& report) {

@@ -2,6 +2,7 @@
 
 #include "devtools/browser_core.h"
 #include "devtools/json_fields.h"
+#include "devtools/own_world_script.h"
 
 namespace cefedition {
 namespace {
@@ -53,10 +54,7 @@ constexpr char kScript[] = R"((() => {
 }  // namespace
 
 std::vector<std::pair<std::string, Json>> DraggableRegionsCommands() {
-  return {
-      {"Runtime.addBinding", {{"name", kBinding}, {"executionContextName", kWorld}}},
-      {"Page.addScriptToEvaluateOnNewDocument", {{"source", kScript}, {"worldName", kWorld}}},
-  };
+  return OwnWorldScript(kWorld, kBinding, kScript, InOpenDocuments::kNever);
 }
 
 void OnDraggableRegions(BrowserCore& core, const Json& params) {

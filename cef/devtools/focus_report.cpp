@@ -2,6 +2,7 @@
 
 #include "devtools/browser_core.h"
 #include "devtools/json_fields.h"
+#include "devtools/own_world_script.h"
 #include "devtools/renderer_message.h"
 
 namespace cefedition {
@@ -53,11 +54,7 @@ constexpr char kScript[] = R"((() => {
 }  // namespace
 
 std::vector<std::pair<std::string, Json>> FocusReportCommands() {
-  return {
-      {"Runtime.addBinding", {{"name", kBinding}, {"executionContextName", kWorld}}},
-      {"Page.addScriptToEvaluateOnNewDocument",
-       {{"source", kScript}, {"worldName", kWorld}, {"runImmediately", true}}},
-  };
+  return OwnWorldScript(kWorld, kBinding, kScript, InOpenDocuments::kAtOnce);
 }
 
 void OnFocusReport(BrowserCore& core, const Json& params) {

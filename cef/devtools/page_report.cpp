@@ -1,6 +1,7 @@
 #include "devtools/page_report.h"
 
 #include "devtools/json_fields.h"
+#include "devtools/own_world_script.h"
 
 namespace cefedition {
 namespace {
@@ -57,10 +58,7 @@ constexpr char kScript[] = R"((() => {
 }  // namespace
 
 std::vector<std::pair<std::string, Json>> PageReportCommands() {
-  return {
-      {"Runtime.addBinding", {{"name", kBinding}, {"executionContextName", kWorld}}},
-      {"Page.addScriptToEvaluateOnNewDocument", {{"source", kScript}, {"worldName", kWorld}}},
-  };
+  return OwnWorldScript(kWorld, kBinding, kScript, InOpenDocuments::kNever);
 }
 
 std::optional<PageReport> ParsePageReport(const Json& params) {
