@@ -56,6 +56,12 @@ void TrimEnd(std::string& name) {
   name.erase(name.find_last_not_of(". ") + 1);
 }
 
+void KeepFromDevices(std::string& name) {
+  if (IsDevice(name)) {
+    name.insert(name.begin(), '_');
+  }
+}
+
 }  // namespace
 
 std::string SafeFileName(std::string_view wished) {
@@ -69,9 +75,7 @@ std::string SafeFileName(std::string_view wished) {
   if (name.front() == '.') {
     name.front() = '_';
   }
-  if (IsDevice(name)) {
-    name.insert(name.begin(), '_');
-  }
+  KeepFromDevices(name);
   if (name.size() > kMaxFileNameBytes) {
     const size_t dot = name.rfind('.');
     std::string extension = dot != std::string::npos ? name.substr(dot) : std::string();
@@ -81,6 +85,8 @@ std::string SafeFileName(std::string_view wished) {
     name = CutTo(name, kMaxFileNameBytes - extension.size());
     TrimEnd(name);
     name += extension;
+    // What stood behind a device's name and many spaces may be gone now.
+    KeepFromDevices(name);
   }
   return name;
 }

@@ -55,6 +55,12 @@ TEST(FileNameTest, LongNamesKeepTheirExtension) {
   EXPECT_EQ(SafeFileName("a." + std::string(5000, 'x')).size(), kMaxFileNameBytes);
 }
 
+TEST(FileNameTest, DevicesThatTheCutLeavesAreNoFiles) {
+  const std::string spaces(kMaxFileNameBytes, ' ');
+  EXPECT_EQ(SafeFileName("nul" + spaces + "x"), "_nul");
+  EXPECT_EQ(SafeFileName("com1" + spaces + "x.txt"), "_com1.txt");
+}
+
 TEST(FileNameTest, LongNamesAreCutBetweenCharacters) {
   std::string wide;
   for (int i = 0; i < 100; ++i) {
