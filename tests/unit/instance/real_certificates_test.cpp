@@ -93,7 +93,9 @@ TEST_F(RealCertificatesTest, AreDescribedWithTheirChain) {
   EXPECT_THAT(text, HasSubstr("<td>Serial #*</td><td>AIECAwQFBgcI</td>"));
   EXPECT_THAT(text, HasSubstr("<td>Valid Start</td><td>November 21, 2026 22:42:47</td>"));
   EXPECT_THAT(text, HasSubstr("<td>Valid Expiry</td><td>November 18, 2036 22:42:47</td>"));
-  EXPECT_THAT(text, HasSubstr(std::string("overflow:scroll;\">") + kAuthority + "</td>"));
+  EXPECT_THAT(text, HasSubstr(std::string("<td>DER Encoded*</td><td style=\"max-width:800px;"
+                                          "overflow:scroll;\">") +
+                              kAuthority + "</td>"));
 }
 
 }  // namespace
