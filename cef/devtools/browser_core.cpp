@@ -2,21 +2,13 @@
 
 #include <cmath>
 
-#include "devtools/certificate_errors.h"
-#include "devtools/console_message.h"
 #include "devtools/context_menus.h"
-#include "devtools/dialogs.h"
-#include "devtools/draggable_regions.h"
 #include "devtools/edition_browser.h"
 #include "devtools/edition_host.h"
 #include "devtools/engine.h"
 #include "devtools/engine_threads.h"
-#include "devtools/focus_report.h"
 #include "devtools/input_queue.h"
 #include "devtools/inspector.h"
-#include "devtools/json_fields.h"
-#include "devtools/log.h"
-#include "devtools/page_report.h"
 #include "devtools/resource_requests.h"
 
 namespace cefedition {
@@ -24,9 +16,6 @@ namespace {
 
 // How long a page may take over its own closing before it is closed by force.
 constexpr std::chrono::milliseconds kPageCloseTimeout{3000};
-
-// How long a new page's empty document may take to be announced as loaded.
-constexpr std::chrono::milliseconds kFirstDocumentTimeout{1000};
 
 // What one zoom level means, as in Chromium.
 constexpr double kZoomFactor = 1.2;
@@ -110,232 +99,6 @@ void BrowserCore::Post(std::function<void(BrowserCore&)> task) {
   });
 }
 
-void BrowserCore::AttachPage(const std::string& target_id, const std::string& session_id) {
-  // A page's first main frame bears the page's id.
-  target_id_ = target_id;
-  frames_->SetMainId(target_id);
-  // A page made to order has an empty document, which is no load that anybody asked for and no
-  // place to go back to. A popup loads at once what it was opened for.
-  first_document_over_ = adopted_;
-  history_reset_ = adopted_;
-  if (adopted_) {
-    loads_.ExpectTransition(target_id, TT_LINK);
-  }
-  requests_ = ResourceRequests::Create(*this);
-  engine_.RouteRequests(session_id, requests_);
-  session_.Attach(session_id, [this](const PageSession::Sender& send) {
-    send("Page.enable", Json::object(), {});
-    send("Runtime.enable", Json::object(), {});
-    send("Log.enable", Json::object(), {});
-    for (const auto& [method, params] : ReportCommands()) {
-      send(method, params, {});
-    }
-    send("Emulation.setUserAgentOverride", UserAgentParams(), {});
-    for (const auto& [method, params] : CertificateErrorCommands(*this)) {
-      send(method, params, {});
-    }
-    EnableInterception(send);
-    // Its answer comes once the page has taken all of the above.
-    send("Page.getFrameTree", Json::object(),
-         [weak = weak_from_this()](const ProtocolReply& reply) {
-           if (const auto core = weak.lock()) {
-             core->Enqueue([core, tree = reply.value] { core->OnPageSetUp(tree); });
-           }
-         });
-    send("Runtime.runIfWaitingForDebugger", Json::object(), {});
-  });
-  view_.StartPainting();
-  devtools_.OnPageReady();
-  if (const std::shared_ptr<BrowserCore> window = devtools_window_.lock()) {
-    window->inspector_->OnPageReady();
-  }
-}
-
-std::vector<std::pair<std::string, Json>> BrowserCore::ReportCommands() const {
-  std::vector<std::pair<std::string, Json>> all;
-  for (const auto& commands : {PageReportCommands(), queries_.Commands(), FocusReportCommands(),
-                               ContextMenuReportCommands()}) {
-    all.insert(all.end(), commands.begin(), commands.end());
-  }
-  if (client_ && client_->GetDragHandler()) {
-    const auto commands = DraggableRegionsCommands();
-    all.insert(all.end(), commands.begin(), commands.end());
-  }
-  if (inspector_) {
-    const auto commands = inspector_->Commands();
-    all.insert(all.end(), commands.begin(), commands.end());
-  }
-  return all;
-}
-
-void BrowserCore::EnableInterception(const PageSession::Sender& send) {
-  Json document = {{"resourceType", "Document"}, {"requestStage", "Request"}};
-  if (!requests_) {
-    // Requests of navigations only; sub-resources pass without a halt.
-    Json answer = document;
-    answer["requestStage"] = "Response";
-    send("Fetch.enable", {{"patterns", Json::array({document, answer})}}, {});
-    return;
-  }
-  // Only the ends of requests are of interest, not what they brought.
-  send("Network.enable", {{"maxTotalBufferSize", 0}, {"maxResourceBufferSize", 0}}, {});
-  // Whether a request is halted again with its response is decided for each.
-  send("Fetch.enable",
-       {{"patterns", Json::array({{{"urlPattern", "*"}, {"requestStage", "Request"}}})},
-        {"handleAuthRequests", true}},
-       {});
-}
-
-void BrowserCore::OnPageSetUp(const Json& tree) {
-  page_set_up_ = true;
-  const Json& frame = Field(Field(tree, "frameTree"), "frame");
-  const std::string url = TextField(frame, "url");
-  if (adopted_ && committed_loader_.empty() && url != "about:blank" && !url.empty()) {
-    // The popup was faster than its setting up, and its first document went unnoticed.
-    OnFrameNavigated({{"frame", frame}});
-  }
-  OpenPageIfReady();
-  if (!first_document_over_) {
-    // The end of the empty document is announced before or soon after this, but not promised.
-    if (const std::shared_ptr<TaskThread> ui = FindEngineThread(TID_UI)) {
-      ui->PostDelayed(
-          [weak = weak_from_this()] {
-            if (const auto core = weak.lock(); core && !core->first_document_over_) {
-              core->first_document_over_ = true;
-              core->OpenPageIfReady();
-            }
-          },
-          kFirstDocumentTimeout);
-    }
-  }
-}
-
-void BrowserCore::OpenPageIfReady() {
-  if (page_open_ || !page_set_up_ || !first_document_over_) {
-    return;
-  }
-  page_open_ = true;
-  session_.Open();
-  for (const auto& load : std::exchange(first_loads_, {})) {
-    load(*this);
-  }
-}
-
-Json BrowserCore::UserAgentParams() const {
-  return {{"userAgent", engine_.user_agent()}, {"acceptLanguage", engine_.accept_languages()}};
-}
-
-void BrowserCore::ApplyUserAgent() {
-  // A page that is not there yet gets the newest when it comes.
-  session_.SendAtOnce("Emulation.setUserAgentOverride", UserAgentParams());
-}
-
-void BrowserCore::OnEvent(const ProtocolEvent& event) {
-  Enqueue([this, event] { Dispatch(event); });
-}
-
-void BrowserCore::Enqueue(std::function<void()> task) {
-  inbox_.push_back(std::move(task));
-  RunInbox();
-}
-
-void BrowserCore::RunInbox() {
-  if (inbox_running_) {
-    return;
-  }
-  const std::shared_ptr<BrowserCore> alive = shared_from_this();
-  inbox_running_ = true;
-  while (!inbox_held_ && !inbox_.empty() && !closed_) {
-    const std::function<void()> task = std::move(inbox_.front());
-    inbox_.pop_front();
-    task();
-  }
-  inbox_running_ = false;
-}
-
-void BrowserCore::Dispatch(const ProtocolEvent& event) {
-  const std::string& method = event.method;
-  const Json& params = event.params;
-  script_contexts_.OnEvent(event);
-  queries_.OnEvent(event);
-  if (!first_document_over_) {
-    if (method == "Page.frameStoppedLoading") {
-      first_document_over_ = true;
-      OpenPageIfReady();
-    } else if (method == "Runtime.executionContextCreated") {
-      OnContextCreated(params);
-    }
-    return;
-  }
-  if (method == "Page.screencastFrame") {
-    view_.OnFrame(params);
-  } else if (method == "Page.frameStartedNavigating") {
-    OnFrameStartedNavigating(params);
-  } else if (method == "Page.frameRequestedNavigation") {
-    loads_.OnRequestedByPage(TextField(params, "frameId"), TextField(params, "reason"),
-                             TextField(params, "url"));
-  } else if (method == "Page.frameStartedLoading") {
-    loads_.OnStartedLoading(TextField(params, "frameId"));
-  } else if (method == "Page.frameStoppedLoading") {
-    loads_.OnStoppedLoading(TextField(params, "frameId"));
-  } else if (method == "Page.frameNavigated") {
-    OnFrameNavigated(params);
-  } else if (method == "Page.navigatedWithinDocument") {
-    OnWithinDocument(params);
-  } else if (method == "Page.frameAttached") {
-    frames_->Touch(TextField(params, "frameId"), TextField(params, "parentFrameId"));
-  } else if (method == "Page.frameDetached") {
-    frames_->Remove(TextField(params, "frameId"));
-    loads_.OnFrameRemoved(TextField(params, "frameId"));
-  } else if (method == "Fetch.requestPaused") {
-    OnRequestPaused(params);
-  } else if (method == "Runtime.executionContextCreated") {
-    OnContextCreated(params);
-  } else if (method == "Runtime.consoleAPICalled" || method == "Runtime.exceptionThrown" ||
-             method == "Log.entryAdded") {
-    OnConsole(method, params);
-  } else if (method == "Runtime.bindingCalled") {
-    OnBindingCalled(params);
-  } else if (method == "Page.javascriptDialogOpening") {
-    dialog_open_ = true;
-    OnDialogOpening(*this, params);
-  } else if (method == "Page.javascriptDialogClosed") {
-    dialog_open_ = false;
-    // A page that asked whether it may be left, and may not, stays.
-    closing_ = closing_ && BoolField(params, "result");
-    OnDialogClosed(*this);
-  } else if (method == "Security.certificateError") {
-    OnCertificateErrorEvent(*this, params);
-  } else if (method == "Page.windowOpen") {
-    popups_.OnWindowOpen(params);
-  }
-}
-
-void BrowserCore::OnBindingCalled(const Json& params) {
-  OnPageReport(params);
-  OnFocusReport(*this, params);
-  menus_->OnReport(params);
-  OnDraggableRegions(*this, params);
-  if (inspector_) {
-    inspector_->OnCall(params);
-  }
-}
-
-void BrowserCore::OnContextCreated(const Json& params) {
-  const Json& context = Field(params, "context");
-  const Json& data = Field(context, "auxData");
-  if (!BoolField(data, "isDefault")) {
-    return;
-  }
-  if (const auto frame = frames_->Find(TextField(data, "frameId"))) {
-    frame->SetContext(TextField(context, "uniqueId"));
-  }
-}
-
-void BrowserCore::OnPopupPage(const Json& target_info, const std::string& session_id) {
-  Enqueue([this, target_info, session_id] { popups_.OnPage(target_info, session_id); });
-}
-
 void BrowserCore::OnPageGone() {
   if (closed_ || closing_) {
     CloseNow();
@@ -346,28 +109,6 @@ void BrowserCore::OnPageGone() {
     handler->DoClose(browser_);
   }
   CloseNow();
-}
-
-void BrowserCore::OnPageCrashed(const std::string& status) {
-  Enqueue([this, status] {
-    Log(LOGSEVERITY_ERROR, "The page process of browser " + std::to_string(id_) + " " + status);
-    cef_termination_status_t reason = TS_PROCESS_CRASHED;
-    if (status == "killed") {
-      reason = TS_PROCESS_WAS_KILLED;
-    } else if (status == "oom") {
-      reason = TS_PROCESS_OOM;
-    } else if (status == "abnormal") {
-      reason = TS_ABNORMAL_TERMINATION;
-    }
-    loads_.OnCrashed();
-    queries_.OnCrashed();
-    if (requests_) {
-      requests_->OnCrashed();
-    }
-    if (const auto handler = client_ ? client_->GetRequestHandler() : nullptr) {
-      handler->OnRenderProcessTerminated(browser_, reason);
-    }
-  });
 }
 
 void BrowserCore::Close(bool force) {
