@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "bridge/cookie_text.h"
@@ -16,6 +17,7 @@
 #include "include/cef_cookie.h"
 #include "measure.h"
 #include "recording_cef/recording_cef.h"
+#include "recording_cef/scripted_cookie_store.h"
 #include "utils/flat_json.h"
 
 namespace kzbench {
@@ -52,36 +54,17 @@ CefCookie CookieOf(const Record& record) {
 }
 
 // A store that makes each cookie from its record while it is visited, as an engine must.
-class Store final : public CefCookieManager {
- public:
-  explicit Store(std::vector<Record> records) : records_(std::move(records)) {}
-
-  bool VisitAllCookies(CefRefPtr<CefCookieVisitor> visitor) override {
-    const int total = static_cast<int>(records_.size());
-    for (int at = 0; at < total; ++at) {
-      bool remove = false;
-      visitor->Visit(CookieOf(records_[static_cast<std::size_t>(at)]), at, total, remove);
-    }
-    return true;
-  }
-  bool VisitUrlCookies(const CefString&, bool, CefRefPtr<CefCookieVisitor> visitor) override {
-    return VisitAllCookies(std::move(visitor));
-  }
-  bool SetCookie(const CefString&, const CefCookie&, CefRefPtr<CefSetCookieCallback>) override {
-    return false;
-  }
-  bool DeleteCookies(const CefString&,
-                     const CefString&,
-                     CefRefPtr<CefDeleteCookiesCallback>) override {
-    return false;
-  }
-  bool FlushStore(CefRefPtr<CefCompletionCallback>) override { return false; }
-
- private:
-  const std::vector<Record> records_;
-
-  IMPLEMENT_REFCOUNTING(Store);
-};
+CefRefPtr<CefCookieManager> StoreOf(std::vector<Record> records) {
+  return new recording_cef::ScriptedCookieStore(
+      [records = std::move(records)](const CefRefPtr<CefCookieVisitor>& visitor) {
+        const int total = static_cast<int>(records.size());
+        for (int at = 0; at < total; ++at) {
+          bool remove = false;
+          visitor->Visit(CookieOf(records[static_cast<std::size_t>(at)]), at, total, remove);
+        }
+        return true;
+      });
+}
 
 class CountingVisitor final : public CefCookieVisitor {
  public:
@@ -146,7 +129,7 @@ void CompareReaders(const std::vector<UniqueBstr>& texts, const Effort& effort) 
 }
 
 void CompareVisits(const std::vector<Record>& records, const Effort& effort) {
-  const CefRefPtr<Store> store = new Store(records);
+  const CefRefPtr<CefCookieManager> store = StoreOf(records);
   recording_cef::RecordingCef& cef = recording_cef::RecordingCef::Get();
   cef.cookie_manager = store;
   Compare(

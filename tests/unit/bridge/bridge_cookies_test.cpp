@@ -6,11 +6,13 @@
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "bridge/kz_cef_bridge_impl.h"
 #include "recording_cef/fake_cookie_manager.h"
 #include "recording_cef/recording_cef.h"
+#include "recording_cef/scripted_cookie_store.h"
 #include "unit/bridge/cookie_test.h"
 #include "unit/bridge/fake_runtime.h"
 #include "utils/process_settings.h"
@@ -19,10 +21,10 @@ namespace kzcef {
 namespace {
 
 using recording_cef::FakeCookieManager;
+using recording_cef::ScriptedCookieStore;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::MakeCookie;
-using testing::ScriptedCookieStore;
 using testing::TakeTexts;
 using testing::TextOfCookie;
 using Clock = std::chrono::steady_clock;

@@ -7,9 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "com/text.h"
@@ -68,33 +66,5 @@ inline std::vector<std::wstring> TakeTexts(VARIANT list) {
   EXPECT_EQ(VariantClear(&list), S_OK);
   return texts;
 }
-
-// A store that leaves what becomes of a visitor to the test.
-class ScriptedCookieStore final : public CefCookieManager {
- public:
-  using Visit = std::function<bool(CefRefPtr<CefCookieVisitor>)>;
-  explicit ScriptedCookieStore(Visit visit) : visit_(std::move(visit)) {}
-
-  bool VisitAllCookies(CefRefPtr<CefCookieVisitor> visitor) override {
-    return visit_(std::move(visitor));
-  }
-  bool VisitUrlCookies(const CefString&, bool, CefRefPtr<CefCookieVisitor> visitor) override {
-    return visit_(std::move(visitor));
-  }
-  bool SetCookie(const CefString&, const CefCookie&, CefRefPtr<CefSetCookieCallback>) override {
-    return false;
-  }
-  bool DeleteCookies(const CefString&,
-                     const CefString&,
-                     CefRefPtr<CefDeleteCookiesCallback>) override {
-    return false;
-  }
-  bool FlushStore(CefRefPtr<CefCompletionCallback>) override { return false; }
-
- private:
-  const Visit visit_;
-
-  IMPLEMENT_REFCOUNTING(ScriptedCookieStore);
-};
 
 }  // namespace kzcef::testing
