@@ -1,20 +1,11 @@
 #include <gmock/gmock.h>
-#include <windows.h>
 
-#include <dlgs.h>
-
-#include <fstream>
-#include <sstream>
-
-#include "devtools/engine.h"
-#include "engine_fixture.h"
-#include "recording_downloads.h"
+#include "download_fixture.h"
 
 namespace cefedition {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -24,95 +15,6 @@ using testing::StartsWith;
 
 constexpr char kCancelled[] = "40";
 constexpr char kNetworkFailed[] = "20";
-
-class DownloadTest : public EngineTest {
- protected:
-  DownloadTest() : downloads_(new RecordingDownloads(&log_)) {
-    client_->downloads = downloads_;
-    fs::create_directories(Target(L"").parent_path());
-  }
-
-  /// A file in the folder that downloads go to.
-  fs::path Target(const std::wstring& name) const { return folder_ / L"target" / name; }
-
-  /// Has every download go on under its suggested name.
-  void ContinueAll() {
-    downloads_->on_before = [this](const std::string& name, auto callback) {
-      callback->Continue(Target({name.begin(), name.end()}).wstring(), false);
-    };
-  }
-
-  void AddFile(const std::string& path, const std::string& body, const std::string& headers = {}) {
-    PageServer::Page page;
-    page.body = body;
-    page.content_type = "application/zip; charset=x";
-    page.headers = headers;
-    server_.AddPage(path, page);
-  }
-
-  /// A file whose end waits until the server is released or ends.
-  void AddEndlessFile(const std::string& path) {
-    PageServer::Page page;
-    page.body = std::string(200'000, 'x');
-    page.content_type = "application/zip";
-    page.held_at = 100'000;
-    server_.AddPage(path, page);
-  }
-
-  /// Shows a page with this body, in a profile that is looked at afterwards.
-  bool Show(const std::string& body) {
-    server_.Add("/page", body);
-    CefSettings settings;
-    CefString(&settings.cache_path) = (folder_ / L"profile").wstring();
-    if (!StartEngine(settings)) {
-      return false;
-    }
-    CreateBrowser(client_, server_.Url("/page"));
-    return log_.WaitFor("idle");
-  }
-
-  std::vector<std::string> Ends() const {
-    return log_.Only({"complete", "cancelled", "interrupted"});
-  }
-
-  /// What the private folder holds.
-  std::vector<std::string> Unfinished() const {
-    std::vector<std::string> names;
-    std::error_code error;
-    for (const auto& entry : fs::recursive_directory_iterator(
-             fs::path(Engine::Get()->cache_path()) / L"EditionDownloads", error)) {
-      if (entry.is_regular_file()) {
-        names.push_back(entry.path().filename().string());
-      }
-    }
-    return names;
-  }
-
-  /// No event of ours says that a file comes or goes, or a dialog: looked for with every tick.
-  bool WaitForOutside(const std::function<bool()>& condition) {
-    const UINT_PTR timer = SetTimer(nullptr, 0, 20, nullptr);
-    const bool came = log_.WaitUntil(condition);
-    KillTimer(nullptr, timer);
-    return came;
-  }
-
-  std::vector<std::string> Arrived() const {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(Target(L""))) {
-      names.push_back(entry.path().filename().string());
-    }
-    return names;
-  }
-
-  static std::string Content(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-  }
-
-  CefRefPtr<RecordingDownloads> downloads_;
-};
 
 TEST_F(DownloadTest, NavigationBecomesADownload) {
   PageServer::Page redirect;
@@ -454,94 +356,6 @@ TEST_F(DownloadTest, LeftoversOfAnEndedProcessAreRemoved) {
   std::ofstream(leftover / L"part.crdownload") << "part";
   ASSERT_TRUE(Show("page"));
   EXPECT_FALSE(fs::exists(leftover));
-}
-
-/// Waits for the "Save As" dialog of this process and lets the test act on it.
-class SaveDialogTest : public DownloadTest {
- protected:
-  void AskForAPath() {
-    downloads_->on_before = [this](const std::string& name, auto callback) {
-      callback->Continue(Target({name.begin(), name.end()}).wstring(), true);
-    };
-  }
-
-  static BOOL CALLBACK Find(HWND window, LPARAM found) {
-    DWORD process = 0;
-    wchar_t name[16];
-    GetWindowThreadProcessId(window, &process);
-    GetClassNameW(window, name, 16);
-    if (process == GetCurrentProcessId() && std::wstring_view(name) == L"#32770" &&
-        IsWindowVisible(window)) {
-      *reinterpret_cast<HWND*>(found) = window;
-    }
-    return TRUE;
-  }
-  static HWND Dialog() {
-    HWND found = nullptr;
-    EnumWindows(&Find, reinterpret_cast<LPARAM>(&found));
-    return found;
-  }
-  HWND WaitForDialog() {
-    EXPECT_TRUE(WaitForOutside([] { return Dialog() != nullptr; }));
-    return Dialog();
-  }
-};
-
-TEST_F(SaveDialogTest, ChosenNameIsUsed) {
-  AddFile("/file.zip", "content");
-  AskForAPath();
-  ASSERT_TRUE(Show("page"));
-  Run("location.href = '/file.zip'");
-  HWND dialog = WaitForDialog();
-  ASSERT_TRUE(dialog);
-  // A box with a list on some systems, a plain field on others.
-  const int field = GetDlgItem(dialog, cmb13) ? cmb13 : edt1;
-  wchar_t offered[260];
-  GetDlgItemTextW(dialog, field, offered, 260);
-  EXPECT_STREQ(offered, L"file.zip");
-  SetDlgItemTextW(dialog, field, Target(L"chosen.zip").c_str());
-  PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-  ASSERT_TRUE(log_.WaitFor("complete"));
-  EXPECT_THAT(Arrived(), ElementsAre("chosen.zip"));
-}
-
-TEST_F(SaveDialogTest, CancelledDialogCancelsTheDownload) {
-  AddFile("/file.zip", "content");
-  AskForAPath();
-  ASSERT_TRUE(Show("page"));
-  Run("location.href = '/file.zip'");
-  PostMessageW(WaitForDialog(), WM_COMMAND, IDCANCEL, 0);
-  ASSERT_TRUE(log_.WaitFor("cancelled"));
-  EXPECT_THAT(Ends(), ElementsAre(EndsWith(kCancelled)));
-  EXPECT_THAT(Arrived(), IsEmpty());
-  EXPECT_THAT(Unfinished(), IsEmpty());
-}
-
-TEST_F(SaveDialogTest, OtherBrowsersLiveOnMeanwhile) {
-  AddFile("/file.zip", "content");
-  server_.Add("/other", "<title>Other</title>");
-  AskForAPath();
-  ASSERT_TRUE(Show("page"));
-  Run("location.href = '/file.zip'");
-  HWND dialog = WaitForDialog();
-  CreateBrowser(client_, server_.Url("/other"));
-  EXPECT_TRUE(log_.WaitFor("title Other"));
-  EXPECT_TRUE(IsWindow(dialog));
-  PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-  EXPECT_TRUE(log_.WaitFor("cancelled"));
-}
-
-TEST_F(SaveDialogTest, OpenDialogDoesNotHoldUpTheEnd) {
-  AddFile("/file.zip", "content");
-  AskForAPath();
-  ASSERT_TRUE(Show("page"));
-  Run("location.href = '/file.zip'");
-  HWND dialog = WaitForDialog();
-  const ULONGLONG start = GetTickCount64();
-  StopEngine();
-  EXPECT_LT(GetTickCount64() - start, 8'000u);
-  EXPECT_FALSE(IsWindow(dialog));
-  EXPECT_THAT(Ends(), IsEmpty());
 }
 
 }  // namespace

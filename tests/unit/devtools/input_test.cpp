@@ -1,10 +1,9 @@
 #include <gmock/gmock.h>
 
 #include "devtools/win_handle.h"
-#include "engine_fixture.h"
 #include "include/base/cef_bind.h"
 #include "include/wrapper/cef_closure_task.h"
-#include "input_client.h"
+#include "input_fixture.h"
 
 namespace cefedition {
 namespace {
@@ -19,21 +18,8 @@ constexpr char kKeyPage[] =
     "  addEventListener(name, event => console.log(name + ' ' + event.key));"
     "</script>";
 
-class InputTest : public EngineTest {
+class InputTest : public InputFixture {
  protected:
-  InputTest() : input_(new InputClient(&log_)) { client_ = input_; }
-
-  void Load(const std::string& body) {
-    server_.Add("/page", body);
-    ASSERT_TRUE(StartEngine());
-    CreateBrowser(client_, server_.Url("/page"));
-    ASSERT_TRUE(log_.WaitFor("idle"));
-    log_.Clear();
-  }
-
-  CefRefPtr<CefBrowserHost> Host() const { return client_->First()->GetHost(); }
-  HWND View() const { return Host()->GetWindowHandle(); }
-
   void Click(int x, int y, CefBrowserHost::MouseButtonType button = MBT_LEFT) {
     CefMouseEvent event;
     event.x = x;
@@ -64,8 +50,6 @@ class InputTest : public EngineTest {
   }
 
   std::vector<std::string> Heard() const { return log_.Only({"key", "console"}); }
-
-  const CefRefPtr<InputClient> input_;
 };
 
 TEST_F(InputTest, TheClientHearsKeysBeforeThePage) {

@@ -1,10 +1,9 @@
 #include <gmock/gmock.h>
 
 #include "devtools/win_handle.h"
-#include "engine_fixture.h"
 #include "include/base/cef_bind.h"
 #include "include/wrapper/cef_closure_task.h"
-#include "input_client.h"
+#include "input_fixture.h"
 
 namespace cefedition {
 namespace {
@@ -45,20 +44,8 @@ std::string MenuOnScreen() {
   return text;
 }
 
-class MenuTest : public EngineTest {
+class MenuTest : public InputFixture {
  protected:
-  MenuTest() : input_(new InputClient(&log_)) { client_ = input_; }
-
-  void Load(const std::string& body) {
-    server_.Add("/page", body);
-    ASSERT_TRUE(StartEngine());
-    CreateBrowser(client_, server_.Url("/page"));
-    ASSERT_TRUE(log_.WaitFor("idle"));
-    log_.Clear();
-  }
-
-  CefRefPtr<CefBrowserHost> Host() const { return client_->First()->GetHost(); }
-
   /// As a user does it, up to the window procedure.
   void RightClick(int x, int y) const {
     const HWND view = Host()->GetWindowHandle();
@@ -80,8 +67,6 @@ class MenuTest : public EngineTest {
     });
   }
   void MenuKey(WPARAM key) const { PostMessageW(Host()->GetWindowHandle(), WM_KEYDOWN, key, 1); }
-
-  const CefRefPtr<InputClient> input_;
 };
 
 TEST_F(MenuTest, AClickOnThePageShowsTheDefaultMenu) {
