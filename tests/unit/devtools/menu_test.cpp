@@ -14,10 +14,23 @@ using testing::IsEmpty;
 
 constexpr UINT kGetMenuHandle = 0x01E1;  // MN_GETHMENU
 
-// What the menu on the screen shows; empty when there is none.
+// This program's menu on the screen, null when there is none. Other programs may show one too.
+HWND MenuWindow() {
+  HWND window = nullptr;
+  while ((window = FindWindowExW(nullptr, window, L"#32768", nullptr)) != nullptr) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process == GetCurrentProcessId() && IsWindowVisible(window)) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
+// What it shows; empty when there is none.
 std::string MenuOnScreen() {
-  const HWND window = FindWindowW(L"#32768", nullptr);
-  if (!window || !IsWindowVisible(window)) {
+  const HWND window = MenuWindow();
+  if (!window) {
     return {};
   }
   const auto menu = reinterpret_cast<HMENU>(SendMessageW(window, kGetMenuHandle, 0, 0));
