@@ -13,3 +13,9 @@ endif()
 add_library(kz_json INTERFACE)
 target_include_directories(kz_json SYSTEM INTERFACE ${KZ_JSON_LINKS})
 add_library(kz::json ALIAS kz_json)
+
+# Python for the build's own steps and for the tests. Debian's own is the one that has Debian's packages
+# (pip, pytest); another one may stand before it on the path.
+if(NOT CMAKE_HOST_WIN32)
+  find_program(KZ_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED)
+endif()

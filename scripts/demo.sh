@@ -19,7 +19,8 @@ bin=$KZ_ROOT/build/mingw/bin
 screenshot=$demo/screenshot.png
 
 kz_install_packages "${KZ_BUILD_PACKAGES[@]}"
-kz_configure_and_build mingw KZCEFComWrapper kzCefSubProc kzhost pelkor
+kz_fetch_engine
+kz_configure_and_build mingw kz_engine_files KZCEFComWrapper kzCefSubProc kzhost pelkor
 mkdir -p "$demo"
 
 # Wine asks for the display once, when its first program starts.

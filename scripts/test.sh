@@ -9,6 +9,7 @@ cd "$(dirname "$0")/.."
 . scripts/lib/setup.sh
 
 kz_install_packages "${KZ_BUILD_PACKAGES[@]}" "${KZ_TEST_PACKAGES[@]}"
+kz_fetch_engine
 kz_configure_and_build native-sanitize
 kz_configure_and_build mingw
 # In this order: Wine asks for the display once, when its first program starts.

@@ -7,8 +7,8 @@ readonly KZ_ROOT
 # Packages that every build needs, and what only the tests need on top.
 readonly KZ_BUILD_PACKAGES=(
   g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine wine64
-  cmake ninja-build nlohmann-json3-dev googletest python3
-  chromium-headless-shell xvfb xauth
+  cmake ninja-build nlohmann-json3-dev googletest python3 python3-pip
+  xvfb xauth fonts-liberation python3-fonttools
 )
 readonly KZ_TEST_PACKAGES=(
   clang clang-format clang-tidy libclang-rt-14-dev
@@ -47,6 +47,12 @@ kz_install_packages() {
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
       kz_fail "package $package could not be installed"
   done
+}
+
+# kz_fetch_engine: the browser engine, unpacked where the build looks for it. Says itself what is wrong.
+kz_fetch_engine() {
+  # Debian's own Python is the one that has Debian's pip.
+  /usr/bin/python3 "$KZ_ROOT/scripts/lib/engine.py" || exit 1
 }
 
 # kz_configure_and_build PRESET [TARGET...]: configures and builds, everything without targets.
