@@ -4,8 +4,6 @@
 #include "include/cef_browser_process_handler.h"
 #include "include/cef_command_line.h"
 #include "include/cef_render_process_handler.h"
-#include "include/cef_resource_bundle_handler.h"
-#include "include/cef_scheme.h"
 
 class CefApp;
 
@@ -24,23 +22,12 @@ bool CefInitialize(const CefMainArgs& args,
 // Stops the engine. Called on the thread of CefInitialize, after all browsers have closed.
 void CefShutdown();
 
-// Does one round of pending work, where the host owns the message loop.
-void CefDoMessageLoopWork();
-
-// Runs the message loop until CefQuitMessageLoop.
-void CefRunMessageLoop();
-
-// Ends CefRunMessageLoop.
-void CefQuitMessageLoop();
-
 // Process-wide hooks. The embedder implements it and hands it to CefInitialize and
 // CefExecuteProcess; every getter may be called more than once and may answer null.
 class CefApp : public virtual CefBaseRefCounted {
  public:
-  virtual void OnBeforeCommandLineProcessing(const CefString& process_type,
-                                             CefRefPtr<CefCommandLine> command_line) {}
-  virtual void OnRegisterCustomSchemes(CefRawPtr<CefSchemeRegistrar> registrar) {}
-  virtual CefRefPtr<CefResourceBundleHandler> GetResourceBundleHandler() { return nullptr; }
+  virtual void OnBeforeCommandLineProcessing(const CefString& /*process_type*/,
+                                             CefRefPtr<CefCommandLine> /*command_line*/) {}
   virtual CefRefPtr<CefBrowserProcessHandler> GetBrowserProcessHandler() { return nullptr; }
   virtual CefRefPtr<CefRenderProcessHandler> GetRenderProcessHandler() { return nullptr; }
 };

@@ -17,7 +17,6 @@ class CefCommandLine : public virtual CefBaseRefCounted {
   virtual bool IsValid() = 0;
   virtual bool IsReadOnly() = 0;
   virtual CefRefPtr<CefCommandLine> Copy() = 0;
-  virtual void InitFromArgv(int argc, const char* const* argv) = 0;
   virtual void InitFromString(const CefString& command_line) = 0;
   virtual void Reset() = 0;
   virtual void GetArgv(std::vector<CefString>& argv) = 0;

@@ -14,53 +14,31 @@ class CefRunContextMenuCallback : public virtual CefBaseRefCounted {
   virtual void Cancel() = 0;
 };
 
-// Ends a touch selection menu that the client shows itself.
-class CefRunQuickMenuCallback : public virtual CefBaseRefCounted {
- public:
-  virtual void Continue(int command_id, cef_event_flags_t event_flags) = 0;
-  virtual void Cancel() = 0;
-};
-
 // Context-menu events, on the UI thread.
 class CefContextMenuHandler : public virtual CefBaseRefCounted {
  public:
   typedef cef_event_flags_t EventFlags;
-  typedef cef_quick_menu_edit_state_flags_t QuickMenuEditStateFlags;
 
-  virtual void OnBeforeContextMenu(CefRefPtr<CefBrowser> browser,
-                                   CefRefPtr<CefFrame> frame,
-                                   CefRefPtr<CefContextMenuParams> params,
-                                   CefRefPtr<CefMenuModel> model) {}
-  virtual bool RunContextMenu(CefRefPtr<CefBrowser> browser,
-                              CefRefPtr<CefFrame> frame,
-                              CefRefPtr<CefContextMenuParams> params,
-                              CefRefPtr<CefMenuModel> model,
-                              CefRefPtr<CefRunContextMenuCallback> callback) {
+  virtual void OnBeforeContextMenu(CefRefPtr<CefBrowser> /*browser*/,
+                                   CefRefPtr<CefFrame> /*frame*/,
+                                   CefRefPtr<CefContextMenuParams> /*params*/,
+                                   CefRefPtr<CefMenuModel> /*model*/) {}
+  virtual bool RunContextMenu(CefRefPtr<CefBrowser> /*browser*/,
+                              CefRefPtr<CefFrame> /*frame*/,
+                              CefRefPtr<CefContextMenuParams> /*params*/,
+                              CefRefPtr<CefMenuModel> /*model*/,
+                              CefRefPtr<CefRunContextMenuCallback> /*callback*/) {
     return false;
   }
-  virtual bool OnContextMenuCommand(CefRefPtr<CefBrowser> browser,
-                                    CefRefPtr<CefFrame> frame,
-                                    CefRefPtr<CefContextMenuParams> params,
-                                    int command_id,
-                                    EventFlags event_flags) {
+  virtual bool OnContextMenuCommand(CefRefPtr<CefBrowser> /*browser*/,
+                                    CefRefPtr<CefFrame> /*frame*/,
+                                    CefRefPtr<CefContextMenuParams> /*params*/,
+                                    int /*command_id*/,
+                                    EventFlags /*event_flags*/) {
     return false;
   }
-  virtual void OnContextMenuDismissed(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame) {}
-  virtual bool RunQuickMenu(CefRefPtr<CefBrowser> browser,
-                            CefRefPtr<CefFrame> frame,
-                            const CefPoint& location,
-                            const CefSize& size,
-                            QuickMenuEditStateFlags edit_state_flags,
-                            CefRefPtr<CefRunQuickMenuCallback> callback) {
-    return false;
-  }
-  virtual bool OnQuickMenuCommand(CefRefPtr<CefBrowser> browser,
-                                  CefRefPtr<CefFrame> frame,
-                                  int command_id,
-                                  EventFlags event_flags) {
-    return false;
-  }
-  virtual void OnQuickMenuDismissed(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame) {}
+  virtual void OnContextMenuDismissed(CefRefPtr<CefBrowser> /*browser*/,
+                                      CefRefPtr<CefFrame> /*frame*/) {}
 };
 
 // What lies under the pointer when a context menu is asked for.

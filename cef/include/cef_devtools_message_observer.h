@@ -7,20 +7,20 @@ class CefBrowser;
 // Hears the answers and events of the DevTools protocol, on the UI thread.
 class CefDevToolsMessageObserver : public virtual CefBaseRefCounted {
  public:
-  virtual bool OnDevToolsMessage(CefRefPtr<CefBrowser> browser,
-                                 const void* message,
-                                 size_t message_size) {
+  virtual bool OnDevToolsMessage(CefRefPtr<CefBrowser> /*browser*/,
+                                 const void* /*message*/,
+                                 size_t /*message_size*/) {
     return false;
   }
-  virtual void OnDevToolsMethodResult(CefRefPtr<CefBrowser> browser,
-                                      int message_id,
-                                      bool success,
-                                      const void* result,
-                                      size_t result_size) {}
-  virtual void OnDevToolsEvent(CefRefPtr<CefBrowser> browser,
-                               const CefString& method,
-                               const void* params,
-                               size_t params_size) {}
-  virtual void OnDevToolsAgentAttached(CefRefPtr<CefBrowser> browser) {}
-  virtual void OnDevToolsAgentDetached(CefRefPtr<CefBrowser> browser) {}
+  virtual void OnDevToolsMethodResult(CefRefPtr<CefBrowser> /*browser*/,
+                                      int /*message_id*/,
+                                      bool /*success*/,
+                                      const void* /*result*/,
+                                      size_t /*result_size*/) {}
+  virtual void OnDevToolsEvent(CefRefPtr<CefBrowser> /*browser*/,
+                               const CefString& /*method*/,
+                               const void* /*params*/,
+                               size_t /*params_size*/) {}
+  virtual void OnDevToolsAgentAttached(CefRefPtr<CefBrowser> /*browser*/) {}
+  virtual void OnDevToolsAgentDetached(CefRefPtr<CefBrowser> /*browser*/) {}
 };

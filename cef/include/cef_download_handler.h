@@ -21,16 +21,16 @@ class CefDownloadItemCallback : public virtual CefBaseRefCounted {
 // Downloads, on the UI thread. A download that is not continued is cancelled.
 class CefDownloadHandler : public virtual CefBaseRefCounted {
  public:
-  virtual bool CanDownload(CefRefPtr<CefBrowser> browser,
-                           const CefString& url,
-                           const CefString& request_method) {
+  virtual bool CanDownload(CefRefPtr<CefBrowser> /*browser*/,
+                           const CefString& /*url*/,
+                           const CefString& /*request_method*/) {
     return true;
   }
   virtual void OnBeforeDownload(CefRefPtr<CefBrowser> browser,
                                 CefRefPtr<CefDownloadItem> download_item,
                                 const CefString& suggested_name,
                                 CefRefPtr<CefBeforeDownloadCallback> callback) = 0;
-  virtual void OnDownloadUpdated(CefRefPtr<CefBrowser> browser,
-                                 CefRefPtr<CefDownloadItem> download_item,
-                                 CefRefPtr<CefDownloadItemCallback> callback) {}
+  virtual void OnDownloadUpdated(CefRefPtr<CefBrowser> /*browser*/,
+                                 CefRefPtr<CefDownloadItem> /*download_item*/,
+                                 CefRefPtr<CefDownloadItemCallback> /*callback*/) {}
 };

@@ -4,7 +4,6 @@
 
 #include "include/cef_base.h"
 #include "include/cef_image.h"
-#include "include/cef_stream.h"
 
 // The data of a drag.
 class CefDragData : public virtual CefBaseRefCounted {
@@ -22,7 +21,6 @@ class CefDragData : public virtual CefBaseRefCounted {
   virtual CefString GetFragmentHtml() = 0;
   virtual CefString GetFragmentBaseURL() = 0;
   virtual CefString GetFileName() = 0;
-  virtual size_t GetFileContents(CefRefPtr<CefStreamWriter> writer) = 0;
   virtual bool GetFileNames(std::vector<CefString>& names) = 0;
   virtual bool GetFilePaths(std::vector<CefString>& paths) = 0;
   virtual void SetLinkURL(const CefString& url) = 0;

@@ -10,12 +10,12 @@ class CefDragHandler : public virtual CefBaseRefCounted {
  public:
   typedef cef_drag_operations_mask_t DragOperationsMask;
 
-  virtual bool OnDragEnter(CefRefPtr<CefBrowser> browser,
-                           CefRefPtr<CefDragData> dragData,
-                           DragOperationsMask mask) {
+  virtual bool OnDragEnter(CefRefPtr<CefBrowser> /*browser*/,
+                           CefRefPtr<CefDragData> /*dragData*/,
+                           DragOperationsMask /*mask*/) {
     return false;
   }
-  virtual void OnDraggableRegionsChanged(CefRefPtr<CefBrowser> browser,
-                                         CefRefPtr<CefFrame> frame,
-                                         const std::vector<CefDraggableRegion>& regions) {}
+  virtual void OnDraggableRegionsChanged(CefRefPtr<CefBrowser> /*browser*/,
+                                         CefRefPtr<CefFrame> /*frame*/,
+                                         const std::vector<CefDraggableRegion>& /*regions*/) {}
 };

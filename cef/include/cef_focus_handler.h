@@ -9,7 +9,9 @@ class CefFocusHandler : public virtual CefBaseRefCounted {
  public:
   typedef cef_focus_source_t FocusSource;
 
-  virtual void OnTakeFocus(CefRefPtr<CefBrowser> browser, bool next) {}
-  virtual bool OnSetFocus(CefRefPtr<CefBrowser> browser, FocusSource source) { return false; }
-  virtual void OnGotFocus(CefRefPtr<CefBrowser> browser) {}
+  virtual void OnTakeFocus(CefRefPtr<CefBrowser> /*browser*/, bool /*next*/) {}
+  virtual bool OnSetFocus(CefRefPtr<CefBrowser> /*browser*/, FocusSource /*source*/) {
+    return false;
+  }
+  virtual void OnGotFocus(CefRefPtr<CefBrowser> /*browser*/) {}
 };

@@ -6,15 +6,15 @@
 // Keys before and after the page sees them, on the UI thread.
 class CefKeyboardHandler : public virtual CefBaseRefCounted {
  public:
-  virtual bool OnPreKeyEvent(CefRefPtr<CefBrowser> browser,
-                             const CefKeyEvent& event,
-                             CefEventHandle os_event,
-                             bool* is_keyboard_shortcut) {
+  virtual bool OnPreKeyEvent(CefRefPtr<CefBrowser> /*browser*/,
+                             const CefKeyEvent& /*event*/,
+                             CefEventHandle /*os_event*/,
+                             bool* /*is_keyboard_shortcut*/) {
     return false;
   }
-  virtual bool OnKeyEvent(CefRefPtr<CefBrowser> browser,
-                          const CefKeyEvent& event,
-                          CefEventHandle os_event) {
+  virtual bool OnKeyEvent(CefRefPtr<CefBrowser> /*browser*/,
+                          const CefKeyEvent& /*event*/,
+                          CefEventHandle /*os_event*/) {
     return false;
   }
 };

@@ -10,27 +10,27 @@ class CefLifeSpanHandler : public virtual CefBaseRefCounted {
  public:
   typedef cef_window_open_disposition_t WindowOpenDisposition;
 
-  virtual bool OnBeforePopup(CefRefPtr<CefBrowser> browser,
-                             CefRefPtr<CefFrame> frame,
-                             const CefString& target_url,
-                             const CefString& target_frame_name,
-                             WindowOpenDisposition target_disposition,
-                             bool user_gesture,
-                             const CefPopupFeatures& popupFeatures,
-                             CefWindowInfo& windowInfo,
-                             CefRefPtr<CefClient>& client,
-                             CefBrowserSettings& settings,
-                             CefRefPtr<CefDictionaryValue>& extra_info,
-                             bool* no_javascript_access) {
+  virtual bool OnBeforePopup(CefRefPtr<CefBrowser> /*browser*/,
+                             CefRefPtr<CefFrame> /*frame*/,
+                             const CefString& /*target_url*/,
+                             const CefString& /*target_frame_name*/,
+                             WindowOpenDisposition /*target_disposition*/,
+                             bool /*user_gesture*/,
+                             const CefPopupFeatures& /*popupFeatures*/,
+                             CefWindowInfo& /*windowInfo*/,
+                             CefRefPtr<CefClient>& /*client*/,
+                             CefBrowserSettings& /*settings*/,
+                             CefRefPtr<CefDictionaryValue>& /*extra_info*/,
+                             bool* /*no_javascript_access*/) {
     return false;
   }
-  virtual void OnBeforeDevToolsPopup(CefRefPtr<CefBrowser> browser,
-                                     CefWindowInfo& windowInfo,
-                                     CefRefPtr<CefClient>& client,
-                                     CefBrowserSettings& settings,
-                                     CefRefPtr<CefDictionaryValue>& extra_info,
-                                     bool* use_default_window) {}
-  virtual void OnAfterCreated(CefRefPtr<CefBrowser> browser) {}
-  virtual bool DoClose(CefRefPtr<CefBrowser> browser) { return false; }
-  virtual void OnBeforeClose(CefRefPtr<CefBrowser> browser) {}
+  virtual void OnBeforeDevToolsPopup(CefRefPtr<CefBrowser> /*browser*/,
+                                     CefWindowInfo& /*windowInfo*/,
+                                     CefRefPtr<CefClient>& /*client*/,
+                                     CefBrowserSettings& /*settings*/,
+                                     CefRefPtr<CefDictionaryValue>& /*extra_info*/,
+                                     bool* /*use_default_window*/) {}
+  virtual void OnAfterCreated(CefRefPtr<CefBrowser> /*browser*/) {}
+  virtual bool DoClose(CefRefPtr<CefBrowser> /*browser*/) { return false; }
+  virtual void OnBeforeClose(CefRefPtr<CefBrowser> /*browser*/) {}
 };

@@ -10,19 +10,19 @@ class CefLoadHandler : public virtual CefBaseRefCounted {
   typedef cef_errorcode_t ErrorCode;
   typedef cef_transition_type_t TransitionType;
 
-  virtual void OnLoadingStateChange(CefRefPtr<CefBrowser> browser,
-                                    bool isLoading,
-                                    bool canGoBack,
-                                    bool canGoForward) {}
-  virtual void OnLoadStart(CefRefPtr<CefBrowser> browser,
-                           CefRefPtr<CefFrame> frame,
-                           TransitionType transition_type) {}
-  virtual void OnLoadEnd(CefRefPtr<CefBrowser> browser,
-                         CefRefPtr<CefFrame> frame,
-                         int httpStatusCode) {}
-  virtual void OnLoadError(CefRefPtr<CefBrowser> browser,
-                           CefRefPtr<CefFrame> frame,
-                           ErrorCode errorCode,
-                           const CefString& errorText,
-                           const CefString& failedUrl) {}
+  virtual void OnLoadingStateChange(CefRefPtr<CefBrowser> /*browser*/,
+                                    bool /*isLoading*/,
+                                    bool /*canGoBack*/,
+                                    bool /*canGoForward*/) {}
+  virtual void OnLoadStart(CefRefPtr<CefBrowser> /*browser*/,
+                           CefRefPtr<CefFrame> /*frame*/,
+                           TransitionType /*transition_type*/) {}
+  virtual void OnLoadEnd(CefRefPtr<CefBrowser> /*browser*/,
+                         CefRefPtr<CefFrame> /*frame*/,
+                         int /*httpStatusCode*/) {}
+  virtual void OnLoadError(CefRefPtr<CefBrowser> /*browser*/,
+                           CefRefPtr<CefFrame> /*frame*/,
+                           ErrorCode /*errorCode*/,
+                           const CefString& /*errorText*/,
+                           const CefString& /*failedUrl*/) {}
 };

@@ -1,14 +1,12 @@
 #pragma once
 
 #include "include/cef_base.h"
-#include "include/cef_menu_model_delegate.h"
 
 // A menu. UI thread.
 class CefMenuModel : public virtual CefBaseRefCounted {
  public:
   typedef cef_menu_item_type_t MenuItemType;
 
-  static CefRefPtr<CefMenuModel> CreateMenuModel(CefRefPtr<CefMenuModelDelegate> delegate);
   virtual bool IsSubMenu() = 0;
   virtual bool Clear() = 0;
   virtual size_t GetCount() = 0;

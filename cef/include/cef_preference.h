@@ -5,16 +5,9 @@
 #include "include/cef_base.h"
 #include "include/cef_values.h"
 
-// Registers preferences. Valid only inside the callback that hands it over.
-class CefPreferenceRegistrar : public CefBaseScoped {
- public:
-  virtual bool AddPreference(const CefString& name, CefRefPtr<CefValue> default_value) = 0;
-};
-
 // Reads and writes preferences. UI thread.
 class CefPreferenceManager : public virtual CefBaseRefCounted {
  public:
-  static CefRefPtr<CefPreferenceManager> GetGlobalPreferenceManager();
   virtual bool HasPreference(const CefString& name) = 0;
   virtual CefRefPtr<CefValue> GetPreference(const CefString& name) = 0;
   virtual CefRefPtr<CefDictionaryValue> GetAllPreferences(bool include_defaults) = 0;

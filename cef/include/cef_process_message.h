@@ -1,7 +1,6 @@
 #pragma once
 
 #include "include/cef_base.h"
-#include "include/cef_shared_memory_region.h"
 #include "include/cef_values.h"
 
 typedef cef_process_id_t CefProcessId;
@@ -15,5 +14,4 @@ class CefProcessMessage : public virtual CefBaseRefCounted {
   virtual CefRefPtr<CefProcessMessage> Copy() = 0;
   virtual CefString GetName() = 0;
   virtual CefRefPtr<CefListValue> GetArgumentList() = 0;
-  virtual CefRefPtr<CefSharedMemoryRegion> GetSharedMemoryRegion() = 0;
 };

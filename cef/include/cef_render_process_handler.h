@@ -13,14 +13,14 @@ class CefRenderProcessHandler : public virtual CefBaseRefCounted {
   typedef cef_navigation_type_t NavigationType;
 
   virtual void OnWebKitInitialized() {}
-  virtual void OnBrowserCreated(CefRefPtr<CefBrowser> browser,
-                                CefRefPtr<CefDictionaryValue> extra_info) {}
-  virtual void OnBrowserDestroyed(CefRefPtr<CefBrowser> browser) {}
+  virtual void OnBrowserCreated(CefRefPtr<CefBrowser> /*browser*/,
+                                CefRefPtr<CefDictionaryValue> /*extra_info*/) {}
+  virtual void OnBrowserDestroyed(CefRefPtr<CefBrowser> /*browser*/) {}
   virtual CefRefPtr<CefLoadHandler> GetLoadHandler() { return nullptr; }
-  virtual bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser,
-                                        CefRefPtr<CefFrame> frame,
-                                        CefProcessId source_process,
-                                        CefRefPtr<CefProcessMessage> message) {
+  virtual bool OnProcessMessageReceived(CefRefPtr<CefBrowser> /*browser*/,
+                                        CefRefPtr<CefFrame> /*frame*/,
+                                        CefProcessId /*source_process*/,
+                                        CefRefPtr<CefProcessMessage> /*message*/) {
     return false;
   }
 };

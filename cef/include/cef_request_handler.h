@@ -26,56 +26,58 @@ class CefRequestHandler : public virtual CefBaseRefCounted {
   typedef cef_window_open_disposition_t WindowOpenDisposition;
   typedef std::vector<CefRefPtr<CefX509Certificate>> X509CertificateList;
 
-  virtual bool OnBeforeBrowse(CefRefPtr<CefBrowser> browser,
-                              CefRefPtr<CefFrame> frame,
-                              CefRefPtr<CefRequest> request,
-                              bool user_gesture,
-                              bool is_redirect) {
+  virtual bool OnBeforeBrowse(CefRefPtr<CefBrowser> /*browser*/,
+                              CefRefPtr<CefFrame> /*frame*/,
+                              CefRefPtr<CefRequest> /*request*/,
+                              bool /*user_gesture*/,
+                              bool /*is_redirect*/) {
     return false;
   }
-  virtual bool OnOpenURLFromTab(CefRefPtr<CefBrowser> browser,
-                                CefRefPtr<CefFrame> frame,
-                                const CefString& target_url,
-                                WindowOpenDisposition target_disposition,
-                                bool user_gesture) {
+  virtual bool OnOpenURLFromTab(CefRefPtr<CefBrowser> /*browser*/,
+                                CefRefPtr<CefFrame> /*frame*/,
+                                const CefString& /*target_url*/,
+                                WindowOpenDisposition /*target_disposition*/,
+                                bool /*user_gesture*/) {
     return false;
   }
   virtual CefRefPtr<CefResourceRequestHandler> GetResourceRequestHandler(
-      CefRefPtr<CefBrowser> browser,
-      CefRefPtr<CefFrame> frame,
-      CefRefPtr<CefRequest> request,
-      bool is_navigation,
-      bool is_download,
-      const CefString& request_initiator,
-      bool& disable_default_handling) {
+      CefRefPtr<CefBrowser> /*browser*/,
+      CefRefPtr<CefFrame> /*frame*/,
+      CefRefPtr<CefRequest> /*request*/,
+      bool /*is_navigation*/,
+      bool /*is_download*/,
+      const CefString& /*request_initiator*/,
+      bool& /*disable_default_handling*/) {
     return nullptr;
   }
-  virtual bool GetAuthCredentials(CefRefPtr<CefBrowser> browser,
-                                  const CefString& origin_url,
-                                  bool isProxy,
-                                  const CefString& host,
-                                  int port,
-                                  const CefString& realm,
-                                  const CefString& scheme,
-                                  CefRefPtr<CefAuthCallback> callback) {
+  virtual bool GetAuthCredentials(CefRefPtr<CefBrowser> /*browser*/,
+                                  const CefString& /*origin_url*/,
+                                  bool /*isProxy*/,
+                                  const CefString& /*host*/,
+                                  int /*port*/,
+                                  const CefString& /*realm*/,
+                                  const CefString& /*scheme*/,
+                                  CefRefPtr<CefAuthCallback> /*callback*/) {
     return false;
   }
-  virtual bool OnCertificateError(CefRefPtr<CefBrowser> browser,
-                                  cef_errorcode_t cert_error,
-                                  const CefString& request_url,
-                                  CefRefPtr<CefSSLInfo> ssl_info,
-                                  CefRefPtr<CefCallback> callback) {
+  virtual bool OnCertificateError(CefRefPtr<CefBrowser> /*browser*/,
+                                  cef_errorcode_t /*cert_error*/,
+                                  const CefString& /*request_url*/,
+                                  CefRefPtr<CefSSLInfo> /*ssl_info*/,
+                                  CefRefPtr<CefCallback> /*callback*/) {
     return false;
   }
-  virtual bool OnSelectClientCertificate(CefRefPtr<CefBrowser> browser,
-                                         bool isProxy,
-                                         const CefString& host,
-                                         int port,
-                                         const X509CertificateList& certificates,
-                                         CefRefPtr<CefSelectClientCertificateCallback> callback) {
+  virtual bool OnSelectClientCertificate(
+      CefRefPtr<CefBrowser> /*browser*/,
+      bool /*isProxy*/,
+      const CefString& /*host*/,
+      int /*port*/,
+      const X509CertificateList& /*certificates*/,
+      CefRefPtr<CefSelectClientCertificateCallback> /*callback*/) {
     return false;
   }
-  virtual void OnRenderViewReady(CefRefPtr<CefBrowser> browser) {}
-  virtual void OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser, TerminationStatus status) {}
-  virtual void OnDocumentAvailableInMainFrame(CefRefPtr<CefBrowser> browser) {}
+  virtual void OnRenderViewReady(CefRefPtr<CefBrowser> /*browser*/) {}
+  virtual void OnRenderProcessTerminated(CefRefPtr<CefBrowser> /*browser*/,
+                                         TerminationStatus /*status*/) {}
+  virtual void OnDocumentAvailableInMainFrame(CefRefPtr<CefBrowser> /*browser*/) {}
 };

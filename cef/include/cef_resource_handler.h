@@ -22,35 +22,36 @@ class CefResourceReadCallback : public virtual CefBaseRefCounted {
 // Serves one request in place of the network.
 class CefResourceHandler : public virtual CefBaseRefCounted {
  public:
-  virtual bool Open(CefRefPtr<CefRequest> request,
+  virtual bool Open(CefRefPtr<CefRequest> /*request*/,
                     bool& handle_request,
-                    CefRefPtr<CefCallback> callback) {
+                    CefRefPtr<CefCallback> /*callback*/) {
     handle_request = false;
     return false;
   }
-  virtual bool ProcessRequest(CefRefPtr<CefRequest> request, CefRefPtr<CefCallback> callback) {
+  virtual bool ProcessRequest(CefRefPtr<CefRequest> /*request*/,
+                              CefRefPtr<CefCallback> /*callback*/) {
     return false;
   }
   virtual void GetResponseHeaders(CefRefPtr<CefResponse> response,
                                   int64_t& response_length,
                                   CefString& redirectUrl) = 0;
-  virtual bool Skip(int64_t bytes_to_skip,
+  virtual bool Skip(int64_t /*bytes_to_skip*/,
                     int64_t& bytes_skipped,
-                    CefRefPtr<CefResourceSkipCallback> callback) {
+                    CefRefPtr<CefResourceSkipCallback> /*callback*/) {
     bytes_skipped = -2;
     return false;
   }
-  virtual bool Read(void* data_out,
-                    int bytes_to_read,
+  virtual bool Read(void* /*data_out*/,
+                    int /*bytes_to_read*/,
                     int& bytes_read,
-                    CefRefPtr<CefResourceReadCallback> callback) {
+                    CefRefPtr<CefResourceReadCallback> /*callback*/) {
     bytes_read = -1;
     return false;
   }
-  virtual bool ReadResponse(void* data_out,
-                            int bytes_to_read,
+  virtual bool ReadResponse(void* /*data_out*/,
+                            int /*bytes_to_read*/,
                             int& bytes_read,
-                            CefRefPtr<CefCallback> callback) {
+                            CefRefPtr<CefCallback> /*callback*/) {
     bytes_read = -2;
     return false;
   }

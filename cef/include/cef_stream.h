@@ -24,25 +24,3 @@ class CefStreamReader : public virtual CefBaseRefCounted {
   virtual int Eof() = 0;
   virtual bool MayBlock() = 0;
 };
-
-// A sink of bytes that the client implements, as with the C file functions.
-class CefWriteHandler : public virtual CefBaseRefCounted {
- public:
-  virtual size_t Write(const void* ptr, size_t size, size_t n) = 0;
-  virtual int Seek(int64_t offset, int whence) = 0;
-  virtual int64_t Tell() = 0;
-  virtual int Flush() = 0;
-  virtual bool MayBlock() = 0;
-};
-
-// Writes to a file or a CefWriteHandler.
-class CefStreamWriter : public virtual CefBaseRefCounted {
- public:
-  static CefRefPtr<CefStreamWriter> CreateForFile(const CefString& fileName);
-  static CefRefPtr<CefStreamWriter> CreateForHandler(CefRefPtr<CefWriteHandler> handler);
-  virtual size_t Write(const void* ptr, size_t size, size_t n) = 0;
-  virtual int Seek(int64_t offset, int whence) = 0;
-  virtual int64_t Tell() = 0;
-  virtual int Flush() = 0;
-  virtual bool MayBlock() = 0;
-};

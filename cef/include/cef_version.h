@@ -1,6 +1,6 @@
 #pragma once
 
-// The release of CEF whose API this edition declares, and the browser that it belongs to.
+// The release of CEF whose API these headers declare, and the browser that it belongs to.
 
 #define CEF_VERSION_MAJOR 123
 #define CEF_VERSION_MINOR 0
@@ -11,15 +11,15 @@
 #define CHROME_VERSION_BUILD 6312
 #define CHROME_VERSION_PATCH 124
 
-#define CEF_VERSION "123.0.13+edition+chromium-123.0.6312.124"
+#define CEF_VERSION "123.0.13+chromium-123.0.6312.124"
 
 #define DO_MAKE_STRING(p) #p
 #define MAKE_STRING(p) DO_MAKE_STRING(p)
 
 extern "C" {
 
-// Number |entry|: 0 to 2 CEF's major, minor, patch; 3 the commit number (0); 4 to 7 the browser's
-// major, minor, build, patch. 0 for any other.
+// Of the engine that runs, number |entry|: 0 to 2 CEF's major, minor, patch; 3 the commit number; 4
+// to 7 the browser's major, minor, build, patch. 0 for any other, and without an engine.
 int cef_version_info(int entry);
 
 }  // extern "C"

@@ -1,9 +1,9 @@
 #pragma once
 
-// The platform macros that CEF code asks for. The edition is for 64-bit Windows only.
+// The platform macros that CEF code asks for. 64-bit Windows only.
 
 #if !defined(_WIN64)
-#error The CEF edition is built for 64-bit Windows only.
+#error CEF is used on 64-bit Windows only.
 #endif
 
 #define OS_WIN 1

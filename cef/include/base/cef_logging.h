@@ -65,12 +65,6 @@ class LogMessageVoidify {
 }  // namespace logging
 }  // namespace cef
 
-// Wide texts are written as UTF-8.
-std::ostream& operator<<(std::ostream& out, const wchar_t* wstr);
-inline std::ostream& operator<<(std::ostream& out, const std::wstring& wstr) {
-  return out << wstr.c_str();
-}
-
 #if defined(NDEBUG) && !defined(DCHECK_ALWAYS_ON)
 #define DCHECK_IS_ON() 0
 #else

@@ -2,6 +2,6 @@
 
 #include "include/base/cef_build.h"
 
-// The edition is a static library: nothing is exported.
+// What these headers declare is linked statically: nothing is exported.
 #define CEF_EXPORT
 #define CEF_CALLBACK __stdcall

@@ -77,24 +77,4 @@ CEF_EXPORT int cef_string_ascii_to_utf16(const char* src,
                                          size_t src_len,
                                          cef_string_utf16_t* output);
 
-// Texts that the receiver frees, the structure with it.
-typedef cef_string_wide_t* cef_string_userfree_wide_t;
-typedef cef_string_utf8_t* cef_string_userfree_utf8_t;
-typedef cef_string_utf16_t* cef_string_userfree_utf16_t;
-
-CEF_EXPORT cef_string_userfree_wide_t cef_string_userfree_wide_alloc(void);
-CEF_EXPORT cef_string_userfree_utf8_t cef_string_userfree_utf8_alloc(void);
-CEF_EXPORT cef_string_userfree_utf16_t cef_string_userfree_utf16_alloc(void);
-CEF_EXPORT void cef_string_userfree_wide_free(cef_string_userfree_wide_t str);
-CEF_EXPORT void cef_string_userfree_utf8_free(cef_string_userfree_utf8_t str);
-CEF_EXPORT void cef_string_userfree_utf16_free(cef_string_userfree_utf16_t str);
-
-// Change the letter case, of all letters that the system knows.
-CEF_EXPORT int cef_string_utf16_to_lower(const char16_t* src,
-                                         size_t src_len,
-                                         cef_string_utf16_t* output);
-CEF_EXPORT int cef_string_utf16_to_upper(const char16_t* src,
-                                         size_t src_len,
-                                         cef_string_utf16_t* output);
-
 }  // extern "C"

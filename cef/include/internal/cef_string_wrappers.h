@@ -11,7 +11,6 @@
 struct CefStringTraitsWide {
   typedef wchar_t char_type;
   typedef cef_string_wide_t struct_type;
-  typedef cef_string_userfree_wide_t userfree_struct_type;
 
   static void clear(struct_type* s) { cef_string_wide_clear(s); }
   static int set(const char_type* src, size_t src_size, struct_type* output, int copy) {
@@ -20,8 +19,6 @@ struct CefStringTraitsWide {
   static int compare(const struct_type* s1, const struct_type* s2) {
     return cef_string_wide_cmp(s1, s2);
   }
-  static userfree_struct_type userfree_alloc() { return cef_string_userfree_wide_alloc(); }
-  static void userfree_free(userfree_struct_type ufs) { cef_string_userfree_wide_free(ufs); }
 
   static bool from_ascii(const char* str, size_t len, struct_type* s) {
     return cef_string_ascii_to_wide(str, len, s) != 0;
@@ -50,7 +47,6 @@ struct CefStringTraitsWide {
 struct CefStringTraitsUTF8 {
   typedef char char_type;
   typedef cef_string_utf8_t struct_type;
-  typedef cef_string_userfree_utf8_t userfree_struct_type;
 
   static void clear(struct_type* s) { cef_string_utf8_clear(s); }
   static int set(const char_type* src, size_t src_size, struct_type* output, int copy) {
@@ -59,8 +55,6 @@ struct CefStringTraitsUTF8 {
   static int compare(const struct_type* s1, const struct_type* s2) {
     return cef_string_utf8_cmp(s1, s2);
   }
-  static userfree_struct_type userfree_alloc() { return cef_string_userfree_utf8_alloc(); }
-  static void userfree_free(userfree_struct_type ufs) { cef_string_userfree_utf8_free(ufs); }
 
   static bool from_ascii(const char* str, size_t len, struct_type* s) {
     return cef_string_utf8_copy(str, len, s) != 0;
@@ -89,7 +83,6 @@ struct CefStringTraitsUTF8 {
 struct CefStringTraitsUTF16 {
   typedef char16_t char_type;
   typedef cef_string_utf16_t struct_type;
-  typedef cef_string_userfree_utf16_t userfree_struct_type;
 
   static void clear(struct_type* s) { cef_string_utf16_clear(s); }
   static int set(const char_type* src, size_t src_size, struct_type* output, int copy) {
@@ -98,8 +91,6 @@ struct CefStringTraitsUTF16 {
   static int compare(const struct_type* s1, const struct_type* s2) {
     return cef_string_utf16_cmp(s1, s2);
   }
-  static userfree_struct_type userfree_alloc() { return cef_string_userfree_utf16_alloc(); }
-  static void userfree_free(userfree_struct_type ufs) { cef_string_userfree_utf16_free(ufs); }
 
   static bool from_ascii(const char* str, size_t len, struct_type* s) {
     return cef_string_ascii_to_utf16(str, len, s) != 0;
@@ -132,7 +123,6 @@ class CefStringBase final {
  public:
   typedef typename traits::char_type char_type;
   typedef typename traits::struct_type struct_type;
-  typedef typename traits::userfree_struct_type userfree_struct_type;
 
   CefStringBase() = default;
   CefStringBase(const CefStringBase& str) { FromString(str.c_str(), str.length(), true); }
@@ -198,36 +188,9 @@ class CefStringBase final {
     owner_ = owner;
   }
 
-  // Takes the characters and frees the structure.
-  void AttachToUserFree(userfree_struct_type str) {
-    ClearAndFree();
-    if (str) {
-      AllocIfNeeded();
-      *string_ = *str;
-      *str = {};
-      traits::userfree_free(str);
-    }
-  }
-
   void Detach() {
     string_ = nullptr;
     owner_ = false;
-  }
-
-  // Gives the characters away; null when there are none.
-  userfree_struct_type DetachToUserFree() {
-    if (empty()) {
-      return nullptr;
-    }
-    userfree_struct_type str = traits::userfree_alloc();
-    if (owner_) {
-      *str = *string_;
-      *string_ = {};
-    } else {
-      traits::set(string_->str, string_->length, str, true);
-    }
-    ClearAndFree();
-    return str;
   }
 
   // All From... functions take the text up to its terminator where the length is 0.

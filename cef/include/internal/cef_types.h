@@ -5,7 +5,6 @@
 #include <stdint.h>
 
 #include "include/internal/cef_string.h"
-#include "include/internal/cef_string_list.h"
 #include "include/internal/cef_time.h"
 #include "include/internal/cef_types_geometry.h"
 #include "include/internal/cef_types_win.h"

@@ -4,7 +4,6 @@
 #include <limits>
 
 #include "include/internal/cef_string.h"
-#include "include/internal/cef_string_list.h"
 #include "include/internal/cef_types.h"
 
 // A C structure with texts in it as a C++ class: zeroed at first, copied deeply, freed at the end.
@@ -97,7 +96,7 @@ class CefPoint : public cef_point_t {
  public:
   CefPoint() : cef_point_t{} {}
   CefPoint(const cef_point_t& r) : cef_point_t(r) {}
-  CefPoint(int x, int y) : cef_point_t{x, y} {}
+  CefPoint(int x_val, int y_val) : cef_point_t{x_val, y_val} {}
 
   bool IsEmpty() const { return x <= 0 && y <= 0; }
   void Set(int x_val, int y_val) { *this = CefPoint(x_val, y_val); }
@@ -114,7 +113,8 @@ class CefRect : public cef_rect_t {
  public:
   CefRect() : cef_rect_t{} {}
   CefRect(const cef_rect_t& r) : cef_rect_t(r) {}
-  CefRect(int x, int y, int width, int height) : cef_rect_t{x, y, width, height} {}
+  CefRect(int x_val, int y_val, int width_val, int height_val)
+      : cef_rect_t{x_val, y_val, width_val, height_val} {}
 
   bool IsEmpty() const { return width <= 0 || height <= 0; }
   void Set(int x_val, int y_val, int width_val, int height_val) {
@@ -138,7 +138,7 @@ class CefSize : public cef_size_t {
  public:
   CefSize() : cef_size_t{} {}
   CefSize(const cef_size_t& r) : cef_size_t(r) {}
-  CefSize(int width, int height) : cef_size_t{width, height} {}
+  CefSize(int width_val, int height_val) : cef_size_t{width_val, height_val} {}
 
   bool IsEmpty() const { return width <= 0 || height <= 0; }
   void Set(int width_val, int height_val) { *this = CefSize(width_val, height_val); }
@@ -151,52 +151,12 @@ inline bool operator!=(const CefSize& a, const CefSize& b) {
   return !(a == b);
 }
 
-class CefRange : public cef_range_t {
- public:
-  CefRange() : cef_range_t{} {}
-  CefRange(const cef_range_t& r) : cef_range_t(r) {}
-  CefRange(uint32_t from, uint32_t to) : cef_range_t{from, to} {}
-
-  static CefRange InvalidRange() {
-    constexpr uint32_t kNone = (std::numeric_limits<uint32_t>::max)();
-    return CefRange(kNone, kNone);
-  }
-  void Set(int from_val, int to_val) {
-    *this = CefRange(static_cast<uint32_t>(from_val), static_cast<uint32_t>(to_val));
-  }
-};
-
-inline bool operator==(const CefRange& a, const CefRange& b) {
-  return a.from == b.from && a.to == b.to;
-}
-inline bool operator!=(const CefRange& a, const CefRange& b) {
-  return !(a == b);
-}
-
-class CefInsets : public cef_insets_t {
- public:
-  CefInsets() : cef_insets_t{} {}
-  CefInsets(const cef_insets_t& r) : cef_insets_t(r) {}
-  CefInsets(int top, int left, int bottom, int right) : cef_insets_t{top, left, bottom, right} {}
-
-  void Set(int top_val, int left_val, int bottom_val, int right_val) {
-    *this = CefInsets(top_val, left_val, bottom_val, right_val);
-  }
-};
-
-inline bool operator==(const CefInsets& a, const CefInsets& b) {
-  return a.top == b.top && a.left == b.left && a.bottom == b.bottom && a.right == b.right;
-}
-inline bool operator!=(const CefInsets& a, const CefInsets& b) {
-  return !(a == b);
-}
-
 class CefDraggableRegion : public cef_draggable_region_t {
  public:
   CefDraggableRegion() : cef_draggable_region_t{} {}
   CefDraggableRegion(const cef_draggable_region_t& r) : cef_draggable_region_t(r) {}
-  CefDraggableRegion(const cef_rect_t& bounds, bool draggable)
-      : cef_draggable_region_t{bounds, draggable} {}
+  CefDraggableRegion(const cef_rect_t& bounds_val, bool draggable_val)
+      : cef_draggable_region_t{bounds_val, draggable_val} {}
 
   void Set(const CefRect& bounds_val, bool draggable_val) {
     *this = CefDraggableRegion(bounds_val, draggable_val);
@@ -210,30 +170,6 @@ inline bool operator!=(const CefDraggableRegion& a, const CefDraggableRegion& b)
   return !(a == b);
 }
 
-class CefScreenInfo : public cef_screen_info_t {
- public:
-  CefScreenInfo() : cef_screen_info_t{} {}
-  CefScreenInfo(const cef_screen_info_t& r) : cef_screen_info_t(r) {}
-  CefScreenInfo(float device_scale_factor,
-                int depth,
-                int depth_per_component,
-                bool is_monochrome,
-                const cef_rect_t& rect,
-                const cef_rect_t& available_rect)
-      : cef_screen_info_t{device_scale_factor, depth, depth_per_component,
-                          is_monochrome,       rect,  available_rect} {}
-
-  void Set(float device_scale_factor_val,
-           int depth_val,
-           int depth_per_component_val,
-           bool is_monochrome_val,
-           const CefRect& rect_val,
-           const CefRect& available_rect_val) {
-    *this = CefScreenInfo(device_scale_factor_val, depth_val, depth_per_component_val,
-                          is_monochrome_val, rect_val, available_rect_val);
-  }
-};
-
 class CefKeyEvent : public cef_key_event_t {
  public:
   CefKeyEvent() : cef_key_event_t{} {}
@@ -246,12 +182,6 @@ class CefMouseEvent : public cef_mouse_event_t {
   CefMouseEvent(const cef_mouse_event_t& r) : cef_mouse_event_t(r) {}
 };
 
-class CefTouchEvent : public cef_touch_event_t {
- public:
-  CefTouchEvent() : cef_touch_event_t{} {}
-  CefTouchEvent(const cef_touch_event_t& r) : cef_touch_event_t(r) {}
-};
-
 class CefPopupFeatures : public cef_popup_features_t {
  public:
   CefPopupFeatures() : cef_popup_features_t{} {}
@@ -262,24 +192,6 @@ class CefCursorInfo : public cef_cursor_info_t {
  public:
   CefCursorInfo() : cef_cursor_info_t{} {}
   CefCursorInfo(const cef_cursor_info_t& r) : cef_cursor_info_t(r) {}
-};
-
-class CefTouchHandleState : public cef_touch_handle_state_t {
- public:
-  CefTouchHandleState() : cef_touch_handle_state_t{} {}
-  CefTouchHandleState(const cef_touch_handle_state_t& r) : cef_touch_handle_state_t(r) {}
-};
-
-class CefCompositionUnderline : public cef_composition_underline_t {
- public:
-  CefCompositionUnderline() : cef_composition_underline_t{} {}
-  CefCompositionUnderline(const cef_composition_underline_t& r) : cef_composition_underline_t(r) {}
-};
-
-class CefAudioParameters : public cef_audio_parameters_t {
- public:
-  CefAudioParameters() : cef_audio_parameters_t{} {}
-  CefAudioParameters(const cef_audio_parameters_t& r) : cef_audio_parameters_t(r) {}
 };
 
 struct CefSettingsTraits : CefStructTraits<cef_settings_t,
@@ -299,13 +211,6 @@ struct CefSettingsTraits : CefStructTraits<cef_settings_t,
                                            &cef_settings_t::cookieable_schemes_list,
                                            &cef_settings_t::chrome_policy_id> {};
 using CefSettings = CefStructBase<CefSettingsTraits>;
-
-struct CefRequestContextSettingsTraits
-    : CefStructTraits<cef_request_context_settings_t,
-                      &cef_request_context_settings_t::cache_path,
-                      &cef_request_context_settings_t::accept_language_list,
-                      &cef_request_context_settings_t::cookieable_schemes_list> {};
-using CefRequestContextSettings = CefStructBase<CefRequestContextSettingsTraits>;
 
 struct CefBrowserSettingsTraits : CefStructTraits<cef_browser_settings_t,
                                                   &cef_browser_settings_t::standard_font_family,
@@ -336,9 +241,3 @@ struct CefCookieTraits : CefStructTraits<cef_cookie_t,
                                          &cef_cookie_t::domain,
                                          &cef_cookie_t::path> {};
 using CefCookie = CefStructBase<CefCookieTraits>;
-
-struct CefPdfPrintSettingsTraits : CefStructTraits<cef_pdf_print_settings_t,
-                                                   &cef_pdf_print_settings_t::page_ranges,
-                                                   &cef_pdf_print_settings_t::header_template,
-                                                   &cef_pdf_print_settings_t::footer_template> {};
-using CefPdfPrintSettings = CefStructBase<CefPdfPrintSettingsTraits>;

@@ -19,11 +19,9 @@ struct CefWindowInfoTraits : CefStructTraits<cef_window_info_t, &cef_window_info
 // How the window of a browser is made.
 class CefWindowInfo : public CefStructBase<CefWindowInfoTraits> {
  public:
-  typedef CefStructBase<CefWindowInfoTraits> parent;
-
   CefWindowInfo() = default;
-  explicit CefWindowInfo(const cef_window_info_t& r) : parent(r) {}
-  explicit CefWindowInfo(const CefWindowInfo& r) : parent(r) {}
+  explicit CefWindowInfo(const cef_window_info_t& r) : CefStructBase(r) {}
+  explicit CefWindowInfo(const CefWindowInfo& r) : CefStructBase(r) {}
   CefWindowInfo& operator=(const CefWindowInfo&) = default;
   CefWindowInfo& operator=(CefWindowInfo&&) = default;
 

@@ -16,7 +16,7 @@ struct CefMessageRouterConfig {
   CefString js_query_function;
   CefString js_cancel_function;
 
-  // Bytes from which on a message would travel in shared memory. The edition never does that.
+  // Bytes from which on a message would travel in shared memory.
   size_t message_size_threshold;
 };
 
@@ -45,27 +45,27 @@ class CefMessageRouterBrowserSide : public base::RefCountedThreadSafe<CefMessage
     using Callback = CefMessageRouterBrowserSide::Callback;
 
     // True takes the query: the handler then owes an answer through |callback|.
-    virtual bool OnQuery(CefRefPtr<CefBrowser> browser,
-                         CefRefPtr<CefFrame> frame,
-                         int64_t query_id,
-                         const CefString& request,
-                         bool persistent,
-                         CefRefPtr<Callback> callback) {
+    virtual bool OnQuery(CefRefPtr<CefBrowser> /*browser*/,
+                         CefRefPtr<CefFrame> /*frame*/,
+                         int64_t /*query_id*/,
+                         const CefString& /*request*/,
+                         bool /*persistent*/,
+                         CefRefPtr<Callback> /*callback*/) {
       return false;
     }
-    virtual bool OnQuery(CefRefPtr<CefBrowser> browser,
-                         CefRefPtr<CefFrame> frame,
-                         int64_t query_id,
-                         CefRefPtr<const CefBinaryBuffer> request,
-                         bool persistent,
-                         CefRefPtr<Callback> callback) {
+    virtual bool OnQuery(CefRefPtr<CefBrowser> /*browser*/,
+                         CefRefPtr<CefFrame> /*frame*/,
+                         int64_t /*query_id*/,
+                         CefRefPtr<const CefBinaryBuffer> /*request*/,
+                         bool /*persistent*/,
+                         CefRefPtr<Callback> /*callback*/) {
       return false;
     }
 
     // The query is over: its callback no longer reaches the page.
-    virtual void OnQueryCanceled(CefRefPtr<CefBrowser> browser,
-                                 CefRefPtr<CefFrame> frame,
-                                 int64_t query_id) {}
+    virtual void OnQueryCanceled(CefRefPtr<CefBrowser> /*browser*/,
+                                 CefRefPtr<CefFrame> /*frame*/,
+                                 int64_t /*query_id*/) {}
 
     virtual ~Handler() = default;
   };

@@ -77,7 +77,7 @@ class CefResourceManager
     // True takes the request.
     virtual bool OnRequest(scoped_refptr<Request> request) = 0;
     // A request that was taken is over.
-    virtual void OnRequestCanceled(scoped_refptr<Request> request) {}
+    virtual void OnRequestCanceled(scoped_refptr<Request> /*request*/) {}
 
     virtual ~Provider() = default;
   };

@@ -1,0 +1,71 @@
+// include/cef_context_menu_handler.h over the C API.
+
+#include "include/cef_context_menu_handler.h"
+
+#include "binding.h"
+
+namespace cefbinding {
+namespace {
+
+class RunContextMenuCallbackObject final : public LibraryObject<CefRunContextMenuCallback> {
+ public:
+  explicit RunContextMenuCallbackObject(Struct* object) : LibraryObject(object) {}
+
+  void Continue(int command_id, cef_event_flags_t event_flags) override {
+    Call(&Struct::cont, command_id, event_flags);
+  }
+  void Cancel() override { Call(&Struct::cancel); }
+};
+
+class ContextMenuParamsObject final : public LibraryObject<CefContextMenuParams> {
+ public:
+  explicit ContextMenuParamsObject(Struct* object) : LibraryObject(object) {}
+
+  int GetXCoord() override { return Call(&Struct::get_xcoord); }
+  int GetYCoord() override { return Call(&Struct::get_ycoord); }
+  TypeFlags GetTypeFlags() override { return Call(&Struct::get_type_flags); }
+  CefString GetLinkUrl() override { return Call(&Struct::get_link_url); }
+  CefString GetUnfilteredLinkUrl() override { return Call(&Struct::get_unfiltered_link_url); }
+  CefString GetSourceUrl() override { return Call(&Struct::get_source_url); }
+  bool HasImageContents() override { return Call(&Struct::has_image_contents); }
+  CefString GetTitleText() override { return Call(&Struct::get_title_text); }
+  CefString GetPageUrl() override { return Call(&Struct::get_page_url); }
+  CefString GetFrameUrl() override { return Call(&Struct::get_frame_url); }
+  CefString GetFrameCharset() override { return Call(&Struct::get_frame_charset); }
+  MediaType GetMediaType() override { return Call(&Struct::get_media_type); }
+  MediaStateFlags GetMediaStateFlags() override { return Call(&Struct::get_media_state_flags); }
+  CefString GetSelectionText() override { return Call(&Struct::get_selection_text); }
+  CefString GetMisspelledWord() override { return Call(&Struct::get_misspelled_word); }
+  bool GetDictionarySuggestions(std::vector<CefString>& suggestions) override {
+    return Call(&Struct::get_dictionary_suggestions, &suggestions);
+  }
+  bool IsEditable() override { return Call(&Struct::is_editable); }
+  bool IsSpellCheckEnabled() override { return Call(&Struct::is_spell_check_enabled); }
+  EditStateFlags GetEditStateFlags() override { return Call(&Struct::get_edit_state_flags); }
+  bool IsCustomMenu() override { return Call(&Struct::is_custom_menu); }
+};
+
+}  // namespace
+
+template <>
+CefRefPtr<CefRunContextMenuCallback> Counterpart<CefRunContextMenuCallback>::LibraryClass::Wrap(
+    Struct* object) {
+  return new RunContextMenuCallbackObject(object);
+}
+
+template <>
+void Counterpart<CefContextMenuHandler>::ClientClass::Bind(Struct& functions) {
+  cefbinding::Bind<&CefContextMenuHandler::OnBeforeContextMenu>(functions.on_before_context_menu);
+  cefbinding::Bind<&CefContextMenuHandler::RunContextMenu>(functions.run_context_menu);
+  cefbinding::Bind<&CefContextMenuHandler::OnContextMenuCommand>(functions.on_context_menu_command);
+  cefbinding::Bind<&CefContextMenuHandler::OnContextMenuDismissed>(
+      functions.on_context_menu_dismissed);
+}
+
+template <>
+CefRefPtr<CefContextMenuParams> Counterpart<CefContextMenuParams>::LibraryClass::Wrap(
+    Struct* object) {
+  return new ContextMenuParamsObject(object);
+}
+
+}  // namespace cefbinding

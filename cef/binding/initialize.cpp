@@ -1,0 +1,57 @@
+// include/cef_app.h's functions: start and end of the engine, and of its sub-processes.
+
+#include <fstream>
+
+#include "alloy.h"
+#include "binding.h"
+#include "include/cef_app.h"
+#include "settings.h"
+
+using cefbinding::CallEngine;
+using cefbinding::Engine;
+
+namespace {
+
+// There is no engine that could write its log: one line in its stead, in the file that it would
+// have used.
+void ReportRefusal(const CefSettings& settings, const std::string& reason) {
+  cefbinding::LogError(reason.c_str());
+  if (settings.log_severity == LOGSEVERITY_DISABLE) {
+    return;
+  }
+  const std::wstring file = CefString(&settings.log_file).ToWString();
+  if (!file.empty()) {
+    std::ofstream(std::filesystem::path(file), std::ios::app) << "ERROR: " << reason << "\n";
+  }
+}
+
+}  // namespace
+
+int CefExecuteProcess(const CefMainArgs& args,
+                      CefRefPtr<CefApp> application,
+                      void* windows_sandbox_info) {
+  const std::string& refusal = Engine().refusal;
+  if (!refusal.empty()) {
+    cefbinding::LogError(refusal.c_str());
+    return -1;
+  }
+  return CallEngine(&capi::Functions::cef_execute_process, args, application, windows_sandbox_info);
+}
+
+bool CefInitialize(const CefMainArgs& args,
+                   const CefSettings& settings,
+                   CefRefPtr<CefApp> application,
+                   void* windows_sandbox_info) {
+  const std::string& refusal = Engine().refusal;
+  if (!refusal.empty()) {
+    ReportRefusal(settings, refusal);
+    return false;
+  }
+  return CallEngine(&capi::Functions::cef_initialize, args, settings,
+                    cefbinding::WithAlloyBehaviour(application), windows_sandbox_info);
+}
+
+void CefShutdown() {
+  CallEngine(&capi::Functions::cef_shutdown);
+  cefbinding::SetEngineHasEnded();
+}
