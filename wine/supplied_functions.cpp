@@ -4,9 +4,9 @@
 
 #include <cstring>
 
-#include "command_line.h"
 #include "file_operation.h"
 #include "get_proc_address.h"
+#include "graphics_processor.h"
 #include "memory.h"
 #include "painting.h"
 #include "precise_time.h"
@@ -39,6 +39,7 @@ const SuppliedFunction kFunctions[] = {
 
     {"CoCreateInstance", AsProc(&SuppliedCoCreateInstance)},
 
+    {"CreateProcessW", AsProc(&SuppliedCreateProcessW)},
     {"GetCommandLineW", AsProc(&SuppliedGetCommandLineW)},
     {"DCompositionCreateDevice", nullptr},
     {"DCompositionCreateDevice2", nullptr},
