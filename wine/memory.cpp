@@ -1,0 +1,10 @@
+#include "memory.h"
+
+namespace kz::wine {
+
+// What discarded pages hold afterwards is undefined, so they may as well hold what they did.
+DWORD WINAPI SuppliedDiscardVirtualMemory(PVOID, SIZE_T) {
+  return ERROR_SUCCESS;
+}
+
+}  // namespace kz::wine

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <windows.h>
+
+namespace kz::wine {
+
+void WINAPI SuppliedQueryUnbiasedInterruptTimePrecise(PULONGLONG time);
+
+}  // namespace kz::wine
