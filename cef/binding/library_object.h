@@ -34,7 +34,8 @@ class LibraryObject : public Class {
     return last;
   }
   bool HasOneRef() const override {
-    return count_.HasOneRef() && BaseOf(struct_)->has_one_ref(BaseOf(struct_)) != 0;
+    return count_.HasOneRef() && !EngineHasEnded() &&
+           BaseOf(struct_)->has_one_ref(BaseOf(struct_)) != 0;
   }
   bool HasAtLeastOneRef() const override { return count_.HasAtLeastOneRef(); }
 
