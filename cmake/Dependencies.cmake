@@ -1,6 +1,6 @@
 # Third-party code, each behind one target.
 
-# JSON for the DevTools protocol, the sample host's files and the tests. Header-only.
+# JSON for the sample host's files, the tests and the benchmarks. Header-only.
 find_path(KZ_JSON_INCLUDE nlohmann/json.hpp PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
 # Copied apart, because the system's include folder as such must not reach a cross compiler.
 set(KZ_JSON_LINKS ${CMAKE_BINARY_DIR}/third_party/json)

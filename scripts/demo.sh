@@ -12,15 +12,17 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib/setup.sh
 . scripts/lib/setup.sh
+# shellcheck source=wine/prefix.sh
+. wine/prefix.sh
 
 url=${1:-}
 demo=$KZ_ROOT/build/demo
 bin=$KZ_ROOT/build/mingw/bin
 screenshot=$demo/screenshot.png
 
-kz_install_packages "${KZ_BUILD_PACKAGES[@]}"
+kz_install_packages "${KZ_BUILD_PACKAGES[@]}" "${KZ_WINE_PACKAGES[@]}"
 kz_fetch_engine
-kz_configure_and_build mingw kz_engine_files KZCEFComWrapper kzCefSubProc kzhost pelkor
+kz_configure_and_build mingw kz_engine_files kz_wine_layer KZCEFComWrapper kzCefSubProc kzhost pelkor
 mkdir -p "$demo"
 
 # Wine asks for the display once, when its first program starts.
@@ -29,7 +31,7 @@ if [ -z "${DISPLAY:-}" ]; then
   quit=(--quit)
 fi
 kz_ensure_display
-kz_prepare_wine_prefix "$demo/wineprefix"
+kz_prepare_engine_prefix "$demo/wineprefix"
 
 server_pid=
 end_demo() {

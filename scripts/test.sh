@@ -7,14 +7,16 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib/setup.sh
 . scripts/lib/setup.sh
+# shellcheck source=wine/prefix.sh
+. wine/prefix.sh
 
-kz_install_packages "${KZ_BUILD_PACKAGES[@]}" "${KZ_TEST_PACKAGES[@]}"
+kz_install_packages "${KZ_BUILD_PACKAGES[@]}" "${KZ_WINE_PACKAGES[@]}" "${KZ_TEST_PACKAGES[@]}"
 kz_fetch_engine
 kz_configure_and_build native-sanitize
 kz_configure_and_build mingw
 # In this order: Wine asks for the display once, when its first program starts.
 kz_ensure_display
-kz_prepare_wine_prefix "$KZ_ROOT/build/wineprefix"
+kz_prepare_engine_prefix "$KZ_ROOT/build/wineprefix"
 
 kz_keep_wine_server
 

@@ -8,7 +8,7 @@ readonly KZ_ROOT
 readonly KZ_BUILD_PACKAGES=(
   g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine wine64
   cmake ninja-build nlohmann-json3-dev googletest python3 python3-pip
-  xvfb xauth fonts-liberation python3-fonttools
+  xvfb xauth
 )
 readonly KZ_TEST_PACKAGES=(
   clang clang-format clang-tidy libclang-rt-14-dev
