@@ -6,6 +6,9 @@
 #include <shobjidl.h>
 #include <wrl/client.h>
 
+#include <ostream>
+#include <string>
+
 namespace {
 
 using Microsoft::WRL::ComPtr;
@@ -15,6 +18,10 @@ struct Export {
   const char* name;
   const char* file;
 };
+
+void PrintTo(const Export& tested, std::ostream* stream) {
+  *stream << tested.name << " of wine/" << tested.file;
+}
 
 class MissingExport : public testing::TestWithParam<Export> {};
 
