@@ -1,3 +1,6 @@
+// Opens, follows and closes one browser. Closing waits until the engine's window is gone, because
+// the engine closes its browser on a thread of its own.
+
 #include "browser_session.h"
 
 #include <chrono>
@@ -69,11 +72,11 @@ void BrowserSession::Close() {
   if (browser_ && handler_) {
     calls_.UnregisterHandler(application_, browser_.Get(), handler_.Get());
   }
-  // What the object answers may be the window of a popup meanwhile, which stays.
+  // By now the object may return the window of a popup, which stays.
   const HWND engine_window = window_ ? GetWindow(window_->view(), GW_CHILD) : nullptr;
   window_.reset();
   if (engine_window) {
-    // The engine hears of it on its own thread; the object knows when that is done with.
+    // The engine learns of it on its own thread; the object knows when that has been dealt with.
     PumpUntil(
         [this, engine_window] {
           return !IsWindow(engine_window) && EngineWindow() != engine_window;

@@ -17,7 +17,8 @@
 
 namespace kzhost {
 
-// Used on the user-interface thread. The order of its life: Open, any number of calls, Close.
+// Used on the user-interface thread. Called in this order: Open, any number of other members,
+// Close.
 class BrowserSession final : private BrowserWindow::Delegate {
  public:
   // `calls`, `application` and `log` outlive the session; `information` is the type information of
@@ -28,16 +29,16 @@ class BrowserSession final : private BrowserWindow::Delegate {
                  std::shared_ptr<NotificationLog> log,
                  Microsoft::WRL::ComPtr<ITypeInfo> information);
 
-  // Opens the window, obtains the browser object and registers the handler. The browser has the
-  // URL but is not started. S_FALSE when the server has no engine, in which case nothing that the
-  // browser is asked will happen.
+  // Opens the window, obtains the browser object and registers the handler. The browser has the URL
+  // but is not started. Returns S_FALSE when the server has no engine; the browser object then does
+  // nothing.
   HRESULT Open(int view_width, int view_height, bool is_main, const std::wstring& url);
 
   // Creates the engine's browser in the view.
   HRESULT Start();
 
-  // Takes the handler back and destroys the window, with which the engine's browser goes; waits for
-  // that, at most ten seconds, and releases the browser object.
+  // Unregisters the handler and destroys the window, with which the engine's browser closes; waits
+  // for that, at most ten seconds, and releases the browser object.
   void Close();
 
   // Lists what has arrived since the last time and brings the address bar up to date.
@@ -50,10 +51,11 @@ class BrowserSession final : private BrowserWindow::Delegate {
   AnswerTable& answers() { return *answers_; }
   bool close_requested() const { return close_requested_; }
 
-  // The engine's window in the view; null before the browser is created and after it is closed.
+  // Returns the engine's window in the view; null before the browser is created and after it is
+  // closed.
   HWND EngineWindow() const;
 
-  // Where the next wait begins to look.
+  // The number of the notification at which the next wait begins to look.
   std::uint64_t cursor = 0;
 
  private:

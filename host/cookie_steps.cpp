@@ -1,3 +1,6 @@
+// Reads and sets cookies through the server's cookie manager and compares
+// what came of it with what the step expects.
+
 #include "cookie_steps.h"
 
 #include <algorithm>

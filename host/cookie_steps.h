@@ -14,15 +14,15 @@ namespace kzhost {
 // What a cookie step came to.
 struct CookieOutcome {
   HRESULT result;
-  // The cookie texts, null for none; for a step that sets cookies what the member answered.
+  // The cookie texts, null for none; for a step that sets cookies what the member returned.
   Json value;
-  // What is not as the step wants it.
+  // What differs from what the step expects; nothing when all is as expected.
   std::optional<std::string> complaint;
 };
 
-// Carries out a getAllCookies, getCookies, getCookiesSync or setCookies step by the cookie manager
-// "cookies", which the first such step obtains: before "init" it is one that serves nothing. A read
-// with a time-out is made again until the cookies are as wanted.
+// Carries out a getAllCookies, getCookies, getCookiesSync or setCookies step with the cookie
+// manager "cookies". The first such step obtains it; one that comes before "init" obtains a manager
+// that finds nothing. A read with a time-out is repeated until the cookies are as expected.
 CookieOutcome RunCookieStep(Host& host, const Step& step);
 
 }  // namespace kzhost

@@ -1,3 +1,6 @@
+// Starts the server, opens browsers, handles messages and shuts everything
+// down again in the order that the server wants.
+
 #include "host.h"
 
 #include <algorithm>

@@ -22,8 +22,8 @@
 
 namespace kzhost {
 
-// Used on the user-interface thread, whose apartment is a single-threaded one. The order of its
-// life: Activate, StartEngine, OpenBrowser and so on, ShutDown.
+// Used on the user-interface thread, whose apartment is a single-threaded one. Called in this
+// order: Activate, StartEngine, OpenBrowser and so on, ShutDown.
 class Host {
  public:
   Host(const Options& options, std::shared_ptr<NotificationLog> log);
@@ -35,31 +35,32 @@ class Host {
   // of the options.
   HRESULT Activate();
 
-  // Starts the engine with the settings object. S_OK says nothing about the engine: whether it
-  // runs shows in OpenBrowser.
+  // Starts the engine with the settings object. The server returns S_OK even when the engine does
+  // not start; whether it runs shows in OpenBrowser.
   HRESULT StartEngine();
 
   // Opens a window with a browser that has the URL; the first one becomes the main window.
-  // S_FALSE when there is no engine. `session` is set unless the call failed.
+  // Returns S_FALSE when there is no engine. `session` is set unless the call failed.
   HRESULT OpenBrowser(const std::string& name, const std::wstring& url, BrowserSession*& session);
 
-  // Null when there is no such browser (any more).
+  // Returns null when there is no such browser (any more).
   BrowserSession* FindBrowser(const std::string& name) const;
 
-  // "app", "settings", the name of a browser, "handler:" and the name of a browser, or a name
-  // given to KeepObject; null for any other.
+  // Returns the object called `name`: "app", "settings", the name of a browser, "handler:" and the
+  // name of a browser, or a name given to KeepObject. Returns null for any other name.
   IDispatch* FindObject(const std::string& name) const;
   void KeepObject(const std::string& name, Microsoft::WRL::ComPtr<IDispatch> object);
 
-  // Handles messages, and closes windows whose user asked for it, until `done` or the time-out.
+  // Handles messages, and closes windows whose user asked for it, until `done` returns true or
+  // `timeout` has passed. Returns what `done` returned last.
   bool WaitUntil(const std::function<bool()>& done, std::chrono::milliseconds timeout);
 
   // Handles messages until the last window is closed.
   void RunUntilClosed();
 
   // Closes in the order that the server wants: announces it, waits until no notification is under
-  // way, takes the handlers back, destroys windows and releases browsers, stops the engine. Once
-  // only.
+  // way, unregisters the handlers, destroys windows and releases browsers, stops the engine. A
+  // second call does nothing.
   void ShutDown();
 
   bool has_browsers() const { return !sessions_.empty(); }

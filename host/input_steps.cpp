@@ -1,3 +1,5 @@
+// Posts to a window the messages that mouse and keyboard would make for it.
+
 #include "input_steps.h"
 
 namespace kzhost {

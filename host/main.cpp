@@ -168,7 +168,7 @@ int RunWindow(Host& host, const Options& options) {
   int status = kSucceeded;
   if (options.quit || !options.screenshot_file.empty()) {
     if (!WaitForPage(host, options.timeout)) {
-      // Bound late, a host does not see that a member answered S_FALSE: the engine's failure shows
+      // Bound late, a host does not see that a member returned S_FALSE: the engine's failure shows
       // in the browser that never comes.
       const bool created =
           host.log().Find(0, kFirstBrowser, "BrowserCreatedNotify", Json::object()).has_value();

@@ -1,3 +1,6 @@
+// Carries out each kind of step: a call on the server or an action on the host's windows, whose
+// outcome is written to the events file and compared with what the step expects.
+
 #include "steps_runner.h"
 
 #include <cstdint>
@@ -23,7 +26,7 @@ std::string Quote(const std::string& text) {
   return "\"" + text + "\"";
 }
 
-// {"object": name} and its like name one thing each.
+// References such as {"object": name} name one thing each.
 bool IsReference(const Json& value, const char* kind) {
   return value.is_object() && value.size() == 1 && value.contains(kind) && value[kind].is_string();
 }

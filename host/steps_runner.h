@@ -18,7 +18,7 @@ class StepsRunner {
  public:
   explicit StepsRunner(Host& host) : host_(host) {}
 
-  // Carries the steps out in order until one fails, "quit" comes or the list ends. Answers the
+  // Carries the steps out in order until one fails, "quit" comes or the list ends. Returns the
   // failure, if there was one. The browsers stay open.
   std::optional<StepsError> Run(const std::vector<Step>& steps);
 
@@ -50,15 +50,16 @@ class StepsRunner {
   Failure Wait(const Step& step);
   Failure WaitFile(const Step& step);
 
-  // The browser that the step names, "b1" when it names none; `failure` is set when there is none.
+  // Returns the browser that the step names, "b1" when it names none; sets `failure` when there is
+  // no such browser.
   BrowserSession* Session(const Step& step, Failure& failure) const;
   IDispatch* Object(const Step& step, Failure& failure) const;
-  // The arguments of a call, references to the host's objects and windows resolved.
+  // Makes the arguments of a call; references to the host's objects and windows are resolved.
   Failure Arguments(const Step& step, std::vector<Variant>& arguments) const;
   Failure Argument(const Json& value, Variant& argument) const;
 
   // Writes the outcome into the events file, then compares it with what the step expects: its
-  // "hresult", without one `usual` or, when that is empty, any success.
+  // "hresult"; without one, `usual`; without that, any success.
   Failure Outcome(const Step& step,
                   HRESULT result,
                   const Json& value = nullptr,

@@ -1,3 +1,5 @@
+// Converts texts with the system's functions, and describes HRESULTs with the system's messages.
+
 #include "wide_text.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-// Texts at the border to Windows: UTF-8 inside the host, UTF-16 outside.
+// Converts texts between the host, which uses UTF-8, and Windows, which uses UTF-16.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +15,7 @@ namespace kzhost {
 std::wstring ToWide(std::string_view utf8);
 std::string ToUtf8(std::wstring_view wide);
 
-// Of an automation text; a null one counts as empty.
+// Converts an automation text; a null one counts as empty.
 std::string ToUtf8(const OLECHAR* text, UINT length);
 inline std::string BstrToUtf8(BSTR text) {
   return ToUtf8(text, SysStringLen(text));
@@ -29,7 +29,7 @@ struct BstrFree {
 using Bstr = std::unique_ptr<OLECHAR, BstrFree>;
 Bstr MakeBstr(const std::wstring& text);
 
-// "0x80004005 (Unspecified error)", for messages.
+// Returns "0x80004005 (Unspecified error)" and the like, for messages.
 std::string DescribeResult(HRESULT result);
 
 }  // namespace kzhost

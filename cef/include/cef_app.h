@@ -1,3 +1,5 @@
+// include/cef_app.h of CEF 123, as far as it is used here: starting and stopping the engine, and
+// the application object that it consults.
 #pragma once
 
 #include "include/cef_base.h"
@@ -7,13 +9,14 @@
 
 class CefApp;
 
-// Runs the calling program as a sub-process if its command line says so. -1: this is the browser
-// process, go on; otherwise the exit code to leave with.
+// Runs the calling program as a sub-process if its command line says so, and returns the exit code
+// to leave with. Returns -1 in the browser process, which then goes on.
 int CefExecuteProcess(const CefMainArgs& args,
                       CefRefPtr<CefApp> application,
                       void* windows_sandbox_info);
 
-// Starts the engine on the calling thread, once a process. False when it could not be started.
+// Starts the engine on the calling thread, once per process. Returns false when it could not be
+// started.
 bool CefInitialize(const CefMainArgs& args,
                    const CefSettings& settings,
                    CefRefPtr<CefApp> application,
@@ -23,7 +26,7 @@ bool CefInitialize(const CefMainArgs& args,
 void CefShutdown();
 
 // Process-wide hooks. The embedder implements it and hands it to CefInitialize and
-// CefExecuteProcess; every getter may be called more than once and may answer null.
+// CefExecuteProcess; every getter may be called more than once and may return null.
 class CefApp : public virtual CefBaseRefCounted {
  public:
   virtual void OnBeforeCommandLineProcessing(const CefString& /*process_type*/,

@@ -1,3 +1,5 @@
+// include/cef_auth_callback.h of CEF 123, as far as it is used here:
+// the way to answer a request for credentials.
 #pragma once
 
 #include "include/cef_base.h"

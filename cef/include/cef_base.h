@@ -1,3 +1,5 @@
+// include/cef_base.h of CEF 123, as far as it is used here: the bases of the
+// API's classes and the counting of their references.
 #pragma once
 
 #include "include/base/cef_atomic_ref_count.h"
@@ -8,7 +10,7 @@
 #include "include/internal/cef_types_wrappers.h"
 #include "include/internal/cef_win.h"
 
-// Base of all counted objects. Release answers true when it deleted the object.
+// Base of all counted objects. Release returns true when it deleted the object.
 class CefBaseRefCounted {
  public:
   virtual void AddRef() const = 0;
@@ -34,7 +36,7 @@ class CefRefCount {
   CefRefCount& operator=(const CefRefCount&) = delete;
 
   void AddRef() const { ref_count_.Increment(); }
-  // True when the last reference is gone.
+  // Returns true when the last reference is gone.
   bool Release() const { return !ref_count_.Decrement(); }
   bool HasOneRef() const { return ref_count_.IsOne(); }
   bool HasAtLeastOneRef() const { return !ref_count_.IsZero(); }

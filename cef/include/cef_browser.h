@@ -1,3 +1,4 @@
+// include/cef_browser.h of CEF 123, as far as it is used here: a browser and its host.
 #pragma once
 
 #include <vector>

@@ -1,3 +1,5 @@
+// include/cef_browser_process_handler.h of CEF 123, as far as it is used
+// here: callbacks about the browser process.
 #pragma once
 
 #include "include/cef_base.h"

@@ -1,3 +1,5 @@
+// include/cef_callback.h of CEF 123, as far as it is used here:
+// callbacks that continue or end an operation.
 #pragma once
 
 #include "include/cef_base.h"
@@ -9,7 +11,7 @@ class CefCallback : public virtual CefBaseRefCounted {
   virtual void Cancel() = 0;
 };
 
-// Hears about the end of an operation.
+// Is told when an operation has ended.
 class CefCompletionCallback : public virtual CefBaseRefCounted {
  public:
   virtual void OnComplete() = 0;

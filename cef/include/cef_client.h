@@ -1,3 +1,5 @@
+// include/cef_client.h of CEF 123, as far as it is used here: the
+// object that gives a browser its handlers.
 #pragma once
 
 #include "include/cef_base.h"
@@ -12,7 +14,7 @@
 #include "include/cef_process_message.h"
 #include "include/cef_request_handler.h"
 
-// The handlers of one or more browsers. Each getter is asked at each use and may answer null.
+// The handlers of one or more browsers. Each getter is called at each use and may return null.
 class CefClient : public virtual CefBaseRefCounted {
  public:
   virtual CefRefPtr<CefContextMenuHandler> GetContextMenuHandler() { return nullptr; }

@@ -1,3 +1,5 @@
+// include/cef_command_line.h of CEF 123, as far as it is used
+// here: command lines and their switches.
 #pragma once
 
 #include <map>

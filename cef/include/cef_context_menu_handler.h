@@ -1,3 +1,5 @@
+// include/cef_context_menu_handler.h of CEF 123, as far as it is
+// used here: callbacks about context menus.
 #pragma once
 
 #include "include/cef_base.h"

@@ -1,3 +1,5 @@
+// include/cef_cookie.h of CEF 123, as far as it is used here: the
+// cookie store, its visitors and callbacks.
 #pragma once
 
 #include <vector>
@@ -26,19 +28,19 @@ class CefCookieManager : public virtual CefBaseRefCounted {
   virtual bool FlushStore(CefRefPtr<CefCompletionCallback> callback) = 0;
 };
 
-// Visits cookies on the UI thread; Visit answers false to stop. Never called when there are none.
+// Visits cookies on the UI thread; Visit returns false to stop. Never called when there are none.
 class CefCookieVisitor : public virtual CefBaseRefCounted {
  public:
   virtual bool Visit(const CefCookie& cookie, int count, int total, bool& deleteCookie) = 0;
 };
 
-// Hears whether a cookie was stored.
+// Is told whether a cookie was stored.
 class CefSetCookieCallback : public virtual CefBaseRefCounted {
  public:
   virtual void OnComplete(bool success) = 0;
 };
 
-// Hears how many cookies were deleted, -1 if unknown.
+// Is told how many cookies were deleted, or -1 if that is unknown.
 class CefDeleteCookiesCallback : public virtual CefBaseRefCounted {
  public:
   virtual void OnComplete(int num_deleted) = 0;

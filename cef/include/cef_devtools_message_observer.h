@@ -1,10 +1,12 @@
+// include/cef_devtools_message_observer.h of CEF 123, as far as it is used here:
+// callbacks for messages of the DevTools protocol.
 #pragma once
 
 #include "include/cef_base.h"
 
 class CefBrowser;
 
-// Hears the answers and events of the DevTools protocol, on the UI thread.
+// Receives the results and events of the DevTools protocol, on the UI thread.
 class CefDevToolsMessageObserver : public virtual CefBaseRefCounted {
  public:
   virtual bool OnDevToolsMessage(CefRefPtr<CefBrowser> /*browser*/,

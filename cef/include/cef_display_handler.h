@@ -1,3 +1,5 @@
+// include/cef_display_handler.h of CEF 123, as far as it is used
+// here: callbacks about what a browser shows.
 #pragma once
 
 #include "include/cef_base.h"

@@ -1,3 +1,4 @@
+// include/cef_download_handler.h of CEF 123, as far as it is used here: callbacks about downloads.
 #pragma once
 
 #include "include/cef_base.h"
@@ -18,7 +19,8 @@ class CefDownloadItemCallback : public virtual CefBaseRefCounted {
   virtual void Resume() = 0;
 };
 
-// Downloads, on the UI thread. A download that is not continued is cancelled.
+// Downloads, on the UI thread. A download that is not continued is saved nowhere, but stays in
+// progress until it is cancelled.
 class CefDownloadHandler : public virtual CefBaseRefCounted {
  public:
   virtual bool CanDownload(CefRefPtr<CefBrowser> /*browser*/,

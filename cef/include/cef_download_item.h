@@ -1,3 +1,4 @@
+// include/cef_download_item.h of CEF 123, as far as it is used here: the state of one download.
 #pragma once
 
 #include "include/cef_base.h"

@@ -1,3 +1,4 @@
+// include/cef_drag_data.h of CEF 123, as far as it is used here: what is dragged.
 #pragma once
 
 #include <vector>

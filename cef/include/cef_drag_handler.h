@@ -1,3 +1,5 @@
+// include/cef_drag_handler.h of CEF 123, as far as it is used here:
+// callbacks about drags and draggable regions.
 #pragma once
 
 #include "include/cef_base.h"

@@ -1,3 +1,5 @@
+// include/cef_focus_handler.h of CEF 123, as far as it is used
+// here: callbacks about the keyboard focus.
 #pragma once
 
 #include "include/cef_base.h"

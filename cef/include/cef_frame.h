@@ -1,3 +1,4 @@
+// include/cef_frame.h of CEF 123, as far as it is used here: one frame of a page.
 #pragma once
 
 #include "include/cef_base.h"

@@ -1,3 +1,4 @@
+// include/cef_image.h of CEF 123, as far as it is used here: an image, such as a favicon.
 #pragma once
 
 #include "include/cef_base.h"

@@ -1,3 +1,4 @@
+// include/cef_keyboard_handler.h of CEF 123, as far as it is used here: callbacks about keys.
 #pragma once
 
 #include "include/cef_base.h"

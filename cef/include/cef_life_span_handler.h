@@ -1,3 +1,5 @@
+// include/cef_life_span_handler.h of CEF 123, as far as it is used here:
+// callbacks about the opening and closing of browsers.
 #pragma once
 
 #include "include/cef_base.h"

@@ -1,3 +1,5 @@
+// include/cef_load_handler.h of CEF 123, as far as it is used
+// here: callbacks about the loading of pages.
 #pragma once
 
 #include "include/cef_base.h"

@@ -1,3 +1,4 @@
+// include/cef_menu_model.h of CEF 123, as far as it is used here: the items of a menu.
 #pragma once
 
 #include "include/cef_base.h"

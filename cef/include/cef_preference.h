@@ -1,3 +1,5 @@
+// include/cef_preference.h of CEF 123, as far as it is used here:
+// reading and writing the engine's preferences.
 #pragma once
 
 #include <vector>

@@ -1,3 +1,5 @@
+// include/cef_process_message.h of CEF 123, as far as it is used here:
+// messages between browser process and renderer.
 #pragma once
 
 #include "include/cef_base.h"

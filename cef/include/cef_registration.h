@@ -1,3 +1,5 @@
+// include/cef_registration.h of CEF 123, as far as it is used
+// here: what keeps an observer registered.
 #pragma once
 
 #include "include/cef_base.h"

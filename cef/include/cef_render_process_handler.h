@@ -1,3 +1,5 @@
+// include/cef_render_process_handler.h of CEF 123, as far as it is
+// used here: callbacks of a renderer process.
 #pragma once
 
 #include "include/cef_base.h"

@@ -1,3 +1,4 @@
+// include/cef_request.h of CEF 123, as far as it is used here: a request and its body.
 #pragma once
 
 #include <map>

@@ -1,3 +1,4 @@
+// include/cef_request_context.h of CEF 123, as far as it is used here: what browsers share.
 #pragma once
 
 #include <vector>

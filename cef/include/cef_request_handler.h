@@ -1,3 +1,5 @@
+// include/cef_request_handler.h of CEF 123, as far as it is used here: callbacks
+// about navigation, credentials and certificates.
 #pragma once
 
 #include <vector>

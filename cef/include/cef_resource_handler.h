@@ -1,3 +1,5 @@
+// include/cef_resource_handler.h of CEF 123, as far as it is used here:
+// serving a request in place of the network.
 #pragma once
 
 #include "include/cef_base.h"

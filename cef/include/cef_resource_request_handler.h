@@ -1,3 +1,5 @@
+// include/cef_resource_request_handler.h of CEF 123, as far as it is used
+// here: callbacks about the requests of a page.
 #pragma once
 
 #include "include/cef_base.h"

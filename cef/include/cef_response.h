@@ -1,3 +1,4 @@
+// include/cef_response.h of CEF 123, as far as it is used here: a response and its headers.
 #pragma once
 
 #include <map>

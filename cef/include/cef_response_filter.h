@@ -1,3 +1,5 @@
+// include/cef_response_filter.h of CEF 123, as far as it is used
+// here: changing the body of a response.
 #pragma once
 
 #include "include/cef_base.h"

@@ -1,3 +1,5 @@
+// include/cef_ssl_info.h of CEF 123, as far as it is used here:
+// what is wrong with a server's certificate.
 #pragma once
 
 #include "include/cef_base.h"
@@ -11,5 +13,5 @@ class CefSSLInfo : public virtual CefBaseRefCounted {
   virtual CefRefPtr<CefX509Certificate> GetX509Certificate() = 0;
 };
 
-// True when any bit of |status| stands for an error.
+// Returns true when any bit of |status| stands for an error.
 bool CefIsCertStatusError(cef_cert_status_t status);

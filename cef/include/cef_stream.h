@@ -1,8 +1,9 @@
+// include/cef_stream.h of CEF 123, as far as it is used here: streams of bytes to read.
 #pragma once
 
 #include "include/cef_base.h"
 
-// A source of bytes that the client implements, as with the C file functions.
+// A source of bytes that the client implements. The members behave like C's file functions.
 class CefReadHandler : public virtual CefBaseRefCounted {
  public:
   virtual size_t Read(void* ptr, size_t size, size_t n) = 0;

@@ -1,3 +1,5 @@
+// include/cef_string_visitor.h of CEF 123, as far as it is used here: the
+// receiver of a text that the engine supplies later.
 #pragma once
 
 #include "include/cef_base.h"

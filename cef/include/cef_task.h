@@ -1,3 +1,4 @@
+// include/cef_task.h of CEF 123, as far as it is used here: work for the engine's threads.
 #pragma once
 
 #include "include/cef_base.h"
@@ -22,10 +23,10 @@ class CefTaskRunner : public virtual CefBaseRefCounted {
   virtual bool PostDelayedTask(CefRefPtr<CefTask> task, int64_t delay_ms) = 0;
 };
 
-// True when called on the given thread.
+// Returns true when called on the given thread.
 bool CefCurrentlyOn(CefThreadId threadId);
 
-// Queues a task. False when the thread does not exist (any more).
+// Queues a task. Returns false when the thread does not exist (any more).
 bool CefPostTask(CefThreadId threadId, CefRefPtr<CefTask> task);
 
 // Queues a task to run after |delay_ms| milliseconds.

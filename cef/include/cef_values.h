@@ -1,3 +1,5 @@
+// include/cef_values.h of CEF 123, as far as it is used here:
+// values, and dictionaries and lists of them.
 #pragma once
 
 #include <vector>
@@ -9,7 +11,8 @@ class CefDictionaryValue;
 class CefListValue;
 typedef cef_value_type_t CefValueType;
 
-// One value of any type. A value put into a container stays a reference to the stored data.
+// One value of any type. When it is put into a container, simple data is copied; bytes,
+// dictionaries and lists are then shared by both.
 class CefValue : public virtual CefBaseRefCounted {
  public:
   static CefRefPtr<CefValue> Create();
@@ -51,7 +54,7 @@ class CefBinaryValue : public virtual CefBaseRefCounted {
   virtual size_t GetData(void* buffer, size_t buffer_size, size_t data_offset) = 0;
 };
 
-// Values by key. Setters answer false on a read-only or invalid object.
+// Values by key. Setters return false on a read-only or invalid object.
 class CefDictionaryValue : public virtual CefBaseRefCounted {
  public:
   typedef std::vector<CefString> KeyList;
@@ -88,7 +91,7 @@ class CefDictionaryValue : public virtual CefBaseRefCounted {
   virtual bool SetList(const CefString& key, CefRefPtr<CefListValue> value) = 0;
 };
 
-// Values by position. Setters answer false on a read-only or invalid object.
+// Values by position. Setters return false on a read-only or invalid object.
 class CefListValue : public virtual CefBaseRefCounted {
  public:
   static CefRefPtr<CefListValue> Create();

@@ -1,3 +1,4 @@
+// include/cef_version.h of CEF 123, as far as it is used here: version numbers.
 #pragma once
 
 // The release of CEF whose API these headers declare, and the browser that it belongs to.
@@ -18,8 +19,9 @@
 
 extern "C" {
 
-// Of the engine that runs, number |entry|: 0 to 2 CEF's major, minor, patch; 3 the commit number; 4
-// to 7 the browser's major, minor, build, patch. 0 for any other, and without an engine.
+// Returns one number of the running engine's version: |entry| 0 to 2 for CEF's major, minor and
+// patch, 3 for the commit number, 4 to 7 for the browser's major, minor, build and patch. Returns 0
+// for any other |entry|, and without an engine.
 int cef_version_info(int entry);
 
 }  // extern "C"

@@ -1,8 +1,10 @@
+// include/cef_waitable_event.h of CEF 123, as far as it is used
+// here: an event for threads to wait on.
 #pragma once
 
 #include "include/cef_base.h"
 
-// An event that threads wait for. Not to be waited for on the UI or IO thread.
+// An event that threads wait on. The UI and IO threads must not wait on it.
 class CefWaitableEvent : public CefBaseRefCounted {
  public:
   static CefRefPtr<CefWaitableEvent> CreateWaitableEvent(bool automatic_reset,

@@ -1,3 +1,5 @@
+// include/cef_x509_certificate.h of CEF 123, as far as it is used
+// here: certificates and the names in them.
 #pragma once
 
 #include <vector>

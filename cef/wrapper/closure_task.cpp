@@ -1,3 +1,5 @@
+// Tasks that run a closure, and the posting of closures to the engine's threads.
+
 #include "include/wrapper/cef_closure_task.h"
 
 namespace {

@@ -1,3 +1,6 @@
+// The browser process's side of the message router: hands the queries of pages to the handlers and
+// sends their answers back to the pages.
+
 #include "include/wrapper/cef_message_router.h"
 
 #include <algorithm>
@@ -112,7 +115,7 @@ class Router final : public CefMessageRouterBrowserSide {
     return false;
   }
 
-  // An answer of a handler, on the UI thread.
+  // Sends a handler's answer to the page. UI thread.
   void Deliver(int64_t query_id, const Answer& answer) {
     const auto found = pending_.find(query_id);
     if (found == pending_.end()) {
@@ -205,7 +208,7 @@ class Router final : public CefMessageRouterBrowserSide {
     pending_.erase(query);
   }
 
-  // Handlers may add, answer and cancel queries while they hear about one.
+  // Handlers may add, answer and cancel queries while they are told of one.
   void Cancel(const std::vector<int64_t>& ids, bool tell_page) {
     CEF_REQUIRE_UI_THREAD();
     for (const int64_t id : ids) {

@@ -1,3 +1,6 @@
+// Asks the providers of a resource manager one after the other for each request. Everything happens
+// on the IO thread; calls from elsewhere are posted there.
+
 #include "include/wrapper/cef_resource_manager.h"
 
 #include <algorithm>
@@ -5,8 +8,6 @@
 
 #include "include/cef_parser.h"
 #include "include/wrapper/cef_stream_resource_handler.h"
-
-// Everything happens on the IO thread; calls from elsewhere are posted there.
 
 struct CefResourceManager::ProviderEntry {
   std::unique_ptr<Provider> provider;

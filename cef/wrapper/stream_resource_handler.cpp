@@ -1,3 +1,5 @@
+// A resource handler whose body is what a stream yields.
+
 #include "include/wrapper/cef_stream_resource_handler.h"
 
 CefStreamResourceHandler::CefStreamResourceHandler(const CefString& mime_type,

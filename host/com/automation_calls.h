@@ -12,9 +12,9 @@
 
 namespace kzhost {
 
-// Objects are passed as IDispatch pointers, which every object of the server has; an object that
-// lacks the interface of a member answers E_NOINTERFACE or DISP_E_UNKNOWNNAME. Called on the thread
-// that created the objects. Token parameters are null: the server does not read them.
+// Objects are passed as IDispatch pointers, which every object of the server has; a call on an
+// object that lacks the member's interface returns E_NOINTERFACE or DISP_E_UNKNOWNNAME. Called on
+// the thread that created the objects. Token parameters are null: the server does not read them.
 class AutomationCalls {
  public:
   virtual ~AutomationCalls() = default;
@@ -68,10 +68,10 @@ class AutomationCalls {
 // What the host passes as its add-in identifier.
 constexpr long kAddinId = 1;
 
-// By the interfaces of the type library.
+// Returns calls that are made through the interfaces of the type library.
 std::unique_ptr<AutomationCalls> MakeEarlyCalls();
 
-// By IDispatch alone.
+// Returns calls that are made through IDispatch alone.
 std::unique_ptr<AutomationCalls> MakeLateCalls();
 
 }  // namespace kzhost

@@ -1,3 +1,6 @@
+// Implements the handler interfaces member by member: each collects its arguments, asks the answer
+// table, sets the in/out arguments and adds the notification to the log.
+
 #include "com/browser_handler.h"
 
 #include <atomic>
@@ -23,7 +26,7 @@ void Replace(BSTR& place, const std::string& text) {
   place = fresh.release();
 }
 
-// Collects the arguments of one notification, then writes the answers into the in/out ones.
+// Collects the arguments of one notification, then writes what is answered into the in/out ones.
 class Exchange {
  public:
   void Text(const char* name, BSTR value) { arguments_[name] = BstrToUtf8(value); }
@@ -48,7 +51,7 @@ class Exchange {
 
   const Json& arguments() const { return arguments_; }
 
-  // Answers what was written.
+  // Returns what was written.
   Json Write(const Json& answers) const {
     Json written = Json::object();
     for (const Place& place : places_) {

@@ -14,10 +14,10 @@
 
 namespace kzhost {
 
-// Makes an object with IKZCEFComBrowserHandler, -2 and -3 that writes every notification into
-// `log` under the name `browser` and answers the in/out arguments as `answers` say. The server
-// calls it on the engine's threads, without marshalling; it holds no lock while it runs and waits
-// for nobody. `information` is that of IKZCEFComBrowserHandler3. The caller holds one reference.
+// Makes an object with IKZCEFComBrowserHandler, -2 and -3 that writes every notification into `log`
+// under the name `browser` and sets the in/out arguments as `answers` say. The server calls it on
+// the engine's threads, without marshalling; it holds no lock while it runs and waits for nobody.
+// `information` is that of IKZCEFComBrowserHandler3. The caller holds one reference.
 Microsoft::WRL::ComPtr<IDispatch> MakeBrowserHandler(std::string browser,
                                                      std::shared_ptr<NotificationLog> log,
                                                      std::shared_ptr<AnswerTable> answers,

@@ -1,3 +1,6 @@
+// Late-bound calls: looks a member up by its name and invokes it with the
+// arguments in IDispatch's order, the last one first.
+
 #include "com/dispatch_call.h"
 
 #include <utility>

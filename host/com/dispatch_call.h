@@ -8,9 +8,10 @@
 
 namespace kzhost {
 
-// Each asks GetIDsOfNames first and then calls Invoke. Arguments are in the order of the
-// declaration. The result is the member's own failure where Invoke reports one as an exception
-// (DISP_E_EXCEPTION), else what Invoke answered. `result` (may be null) receives the return value.
+// Each looks the name up with GetIDsOfNames and then calls Invoke. Arguments are in the order of
+// the declaration. Returns the member's own failure where Invoke reports one as an exception
+// (DISP_E_EXCEPTION), otherwise what Invoke returned. `result` (may be null) receives the return
+// value.
 HRESULT CallMethod(IDispatch* object,
                    const std::wstring& name,
                    std::span<Variant> arguments,

@@ -1,3 +1,6 @@
+// The host's calls on the server, early-bound: each asks the object for its interface of the type
+// library and calls the member directly.
+
 #include <wrl/client.h>
 
 #include "KZCEFComWrapper.h"

@@ -1,3 +1,5 @@
+// The host's calls on the server, late-bound: each calls the member by its name through IDispatch.
+
 #include <utility>
 
 #include "com/automation_calls.h"

@@ -1,3 +1,6 @@
+// Finds the server's classes: through the registry, or in a DLL at a given path without any
+// registration. The type library comes from the same place.
+
 #include "com/server.h"
 
 #include <array>

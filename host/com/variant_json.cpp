@@ -1,3 +1,5 @@
+// Converts between the values of automation calls and the JSON of steps and events files.
+
 #include "com/variant_json.h"
 
 #include <cstdint>

@@ -21,8 +21,8 @@ Variant ObjectVariant(IDispatch* object);
 // becomes VT_EMPTY.
 Variant JsonToVariant(const Json& value);
 
-// The reverse; a set object becomes {"object":true}, VT_EMPTY and a null object null, what has no
-// JSON form {"vt":number}.
+// The reverse. An object becomes {"object":true}, VT_EMPTY and a null object become null, and what
+// has no JSON form becomes {"vt":number}.
 Json VariantToJson(const VARIANT& value);
 
 }  // namespace kzhost

@@ -1,3 +1,5 @@
+// Keeps the rules in the order in which they came and searches them from the latest to the first.
+
 #include "portable/answer_table.h"
 
 #include <utility>

@@ -23,11 +23,11 @@ struct Answer {
 class AnswerTable {
  public:
   // From now on `notification`, when `conditions` hold for its arguments, is answered with
-  // `answer`. Of several rules that hold the latest counts, alone; an empty answer leaves every
+  // `answer`. Where several rules apply, only the latest counts; an empty answer leaves every
   // argument as it comes.
   void Set(const std::string& notification, Json conditions, Answer answer);
 
-  // The answer to give, an empty one without a rule.
+  // Returns the answer to give; an empty one when no rule applies.
   Answer Find(const std::string& notification, const Json& arguments) const;
 
  private:

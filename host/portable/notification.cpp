@@ -1,3 +1,5 @@
+// Writes a notification as a line of the events file and as a line for people.
+
 #include "portable/notification.h"
 
 namespace kzhost {

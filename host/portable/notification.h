@@ -18,15 +18,15 @@ struct Notification {
   unsigned long thread = 0;         // the thread that it arrived on
 };
 
-// One JSON object without line end: "seq", "browser", "notification", the arguments by name,
-// "answered" when something was, "window", "thread". Text that is no valid UTF-8 is replaced
+// Returns one JSON object without line end: "seq", "browser", "notification", the arguments by
+// name, "answered" when something was, "window", "thread". Text that is not valid UTF-8 is replaced
 // character by character, never refused.
 std::string ToJsonLine(const Notification& notification);
 
-// One line for people: "b1 LoadEndNotify httpStatus=200".
+// Returns one line for people: "b1 LoadEndNotify httpStatus=200".
 std::string ToPlainLine(const Notification& notification);
 
-// `value` on one line, with what is no valid UTF-8 replaced.
+// Returns `value` on one line, with what is not valid UTF-8 replaced.
 std::string Dump(const Json& value);
 
 }  // namespace kzhost

@@ -1,3 +1,7 @@
+// Keeps the latest notifications in memory and writes all of them to the
+// events file and the console. One lock guards the numbering and the writing,
+// so lines come in the order of their numbers.
+
 #include "portable/notification_log.h"
 
 #include <utility>

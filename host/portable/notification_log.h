@@ -28,8 +28,8 @@ class NotificationLog {
   // once; `console` (may be null, not owned) each notification as a plain line.
   NotificationLog(File events_file, std::FILE* console);
 
-  // Called after each Add, on the thread of the Add, without a lock held. Set it before the first
-  // browser is created.
+  // `listener` is called after each Add, on the same thread and without a lock held. Set it before
+  // the first browser is created.
   void SetListener(std::function<void(const Notification&)> listener);
 
   // Numbers, keeps and writes `notification`.
@@ -38,17 +38,17 @@ class NotificationLog {
   // Writes an object of the host's own into the events file, numbered like a notification.
   void AddRecord(Json record);
 
-  // The first notification numbered `from` or later that has this browser, this name and these
-  // argument conditions.
+  // Returns the first notification numbered `from` or later that is of this browser, has this name
+  // and meets these conditions on its arguments.
   std::optional<Notification> Find(std::uint64_t from,
                                    const std::string& browser,
                                    const std::string& name,
                                    const Json& conditions) const;
 
-  // Those of `browser` numbered `from` or later.
+  // Returns the notifications of `browser` numbered `from` or later.
   std::vector<Notification> After(std::uint64_t from, const std::string& browser) const;
 
-  // The number that the next notification will get.
+  // Returns the number that the next notification will get.
   std::uint64_t NextSequence() const;
 
  private:

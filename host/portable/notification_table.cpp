@@ -1,3 +1,5 @@
+// Lists each notification with its parameters, in the order and with the names of the type library.
+
 #include "portable/notification_table.h"
 
 #include <algorithm>

@@ -19,11 +19,11 @@ struct NotificationInfo {
   std::string_view name;
   std::span<const ArgumentInfo> arguments;
 
-  // Null when the notification has no such argument.
+  // Returns null when the notification has no such argument.
   const ArgumentInfo* Find(std::string_view argument) const;
 };
 
-// Null for a name that is no notification.
+// Returns null for a name that is no notification.
 const NotificationInfo* FindNotification(std::string_view name);
 
 }  // namespace kzhost

@@ -1,3 +1,5 @@
+// Reads the switches of the command line by a table, and holds the help text.
+
 #include "portable/options.h"
 
 #include <charconv>
@@ -52,7 +54,7 @@ bool Keep(std::string& place, const std::string& value) {
   return !value.empty();
 }
 
-// What each switch with a value does with it; false for a value that will not do.
+// What each switch does with its value; returns false for a value that will not do.
 using TakeValue = std::function<bool(Options&, const std::string&)>;
 
 const std::map<std::string_view, TakeValue>& SwitchesWithValue() {

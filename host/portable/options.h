@@ -25,7 +25,8 @@ struct Options {
   std::chrono::seconds timeout{60};
 };
 
-// Reads the arguments that follow the program's name: the options, or what is wrong with them.
+// Reads the arguments that follow the program's name. Returns the options, or what is wrong with
+// them.
 std::variant<Options, std::string> ParseOptions(const std::vector<std::string>& arguments);
 
 std::string HelpText();

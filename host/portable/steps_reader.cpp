@@ -1,3 +1,6 @@
+// Reads a steps file line by line and checks each step against the tables of steps and
+// notifications, so that whoever carries the steps out need not check anything again.
+
 #include "portable/steps_reader.h"
 
 #include <algorithm>
@@ -72,7 +75,7 @@ bool IsOfKind(const Json& value, ArgumentKind kind) {
   return false;
 }
 
-// A flag is answered as such, or by the sixteen bits that it consists of.
+// A flag may be answered as true or false, or as the sixteen bits that it consists of.
 bool IsAnswerOfKind(const Json& value, ArgumentKind kind) {
   return IsOfKind(value, kind) ||
          (kind == ArgumentKind::kFlag && IsInteger(value, std::numeric_limits<std::int16_t>::min(),
@@ -83,7 +86,7 @@ std::string Quote(std::string_view text) {
   return "\"" + std::string(text) + "\"";
 }
 
-// Each check answers what is wrong, or nothing.
+// Each check returns what is wrong, or nothing.
 using Complaint = std::optional<std::string>;
 
 Complaint CheckMembers(const StepInfo& info, const Json& members) {

@@ -23,7 +23,7 @@ struct Step {
   std::string Text(const char* name, const std::string& fallback = {}) const;
   bool Flag(const char* name, bool fallback) const;
   int Number(const char* name, int fallback) const;
-  // The member "timeout" in milliseconds, 30 seconds without it.
+  // Returns the member "timeout", which is in milliseconds; 30 seconds without it.
   std::chrono::milliseconds Timeout() const;
 };
 
@@ -33,14 +33,14 @@ struct StepsError {
   std::string message;
 };
 
-// Blank lines and those whose first character is "#" are skipped; a UTF-8 byte order mark and
-// carriage returns are allowed. The first wrong line ends the reading.
+// Reads the steps in `text`. Blank lines and those whose first character is "#" are skipped; a
+// UTF-8 byte order mark and carriage returns are allowed. The first wrong line ends the reading.
 std::variant<std::vector<Step>, StepsError> ReadSteps(std::string_view text);
 
-// "FILE:LINE: message".
+// Returns "FILE:LINE: message".
 std::string ToText(const std::string& file, const StepsError& error);
 
-// The three parts of "#rrggbb", which must be one.
+// The three parts of a colour. ReadColour reads them from a text that must have the form "#rrggbb".
 struct Colour {
   int red = 0;
   int green = 0;

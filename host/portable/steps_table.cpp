@@ -1,3 +1,5 @@
+// Lists each step with its members, their kinds and which of them are required.
+
 #include "portable/steps_table.h"
 
 #include <algorithm>

@@ -58,14 +58,14 @@ struct StepInfo {
   Verb verb;
   std::span<const MemberInfo> members;
 
-  // Null when the step has no such member.
+  // Returns null when the step has no such member.
   const MemberInfo* Find(std::string_view member) const;
 };
 
-// Null for a name that is no step.
+// Returns null for a name that is no step.
 const StepInfo* FindStep(std::string_view name);
 
-// "a text", "a whole number of 0 or more" and so on.
+// Returns "a text", "a whole number" and so on, for messages.
 std::string_view Describe(MemberKind kind);
 
 }  // namespace kzhost

@@ -1,3 +1,6 @@
+// Matches texts with patterns, in a time that grows with the product of their lengths at most, and
+// the arguments of a notification with conditions.
+
 #include "portable/text_match.h"
 
 #include <string>

@@ -1,3 +1,6 @@
+// A plain Win32 window with its controls; it lays them out itself
+// and tells its owner what the user does.
+
 #include "ui/browser_window.h"
 
 #include <algorithm>

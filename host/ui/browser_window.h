@@ -12,7 +12,7 @@ namespace kzhost {
 // Used on the user-interface thread.
 class BrowserWindow {
  public:
-  // What the window tells its owner. The owner must not destroy the window from inside a call.
+  // What the window tells its owner. The owner must not destroy the window inside such a call.
   class Delegate {
    public:
     virtual ~Delegate() = default;
@@ -24,8 +24,9 @@ class BrowserWindow {
     virtual void OnServerMessage(WPARAM wparam, LPARAM lparam) = 0;
   };
 
-  // Shows a window whose view has the given size in pixels; null when Windows refuses one. A main
-  // window is marked as the one that wants the server's messages. `delegate` outlives the window.
+  // Shows a window whose view has the given size in pixels. Returns null when Windows refuses one.
+  // A main window is marked as the one that wants the server's messages. `delegate` outlives the
+  // window.
   static std::unique_ptr<BrowserWindow> Create(const std::wstring& title,
                                                int view_width,
                                                int view_height,
@@ -43,9 +44,9 @@ class BrowserWindow {
   void AppendLines(const std::vector<std::wstring>& lines);
   // Sizes the window so that the view gets this size.
   void ResizeView(int width, int height);
-  // In front of the host's other windows.
+  // Brings the window in front of the host's other windows.
   void BringForward();
-  // As the close button does.
+  // Asks for the window to be closed, as its close button does.
   void RequestClose();
 
  private:

@@ -1,3 +1,6 @@
+// Handles window messages while something is waited for, and posts a message
+// of its own for what other threads want done.
+
 #include "ui/message_pump.h"
 
 #include <algorithm>

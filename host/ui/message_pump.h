@@ -9,12 +9,12 @@
 
 namespace kzhost {
 
-// For a wait that only its condition ends.
+// The time-out of a wait that only its condition ends.
 constexpr std::chrono::hours kForever{24 * 365 * 100};
 
-// Handles messages until `done` answers true, asking after each batch and at least every 20 ms
-// (for conditions that no message tells of). Answers what `done` said last: false when `timeout`
-// has passed.
+// Handles messages until `done` returns true or `timeout` has passed. Calls `done` after each batch
+// of messages and at least every 20 ms, for conditions that no message announces. Returns what
+// `done` returned last.
 bool PumpUntil(const std::function<bool()>& done, std::chrono::milliseconds timeout);
 
 // A message-only window by which other threads ask the user-interface thread to do something.
@@ -26,7 +26,7 @@ class Mailbox {
   Mailbox(const Mailbox&) = delete;
   Mailbox& operator=(const Mailbox&) = delete;
 
-  // Makes `on_mail` run soon, once for all posts up to then; on any thread, never waits.
+  // Makes `on_mail` run soon, once for all posts up to then. Any thread; never waits.
   void Post();
 
  private:

@@ -1,3 +1,6 @@
+// Copies a window's client area from the screen with GDI and writes it with
+// the PNG encoder of the Windows Imaging Component.
+
 #include "ui/screenshot.h"
 
 #include <wincodec.h>

@@ -15,15 +15,15 @@ struct Picture {
   std::vector<std::uint8_t> bgra;  // rows from the top, no padding
 
   COLORREF At(int x, int y) const;
-  // Whether every pixel has the same colour.
+  // Returns whether every pixel has the same colour.
   bool IsUniform() const;
 };
 
-// The client area of `window` as it is on the screen; what lies outside the screen is black. Empty
-// when Windows refuses.
+// Returns the client area of `window` as it is on the screen; what lies outside the screen is
+// black. The picture is empty when Windows refuses.
 Picture TakePicture(HWND window);
 
-// Writes a PNG file. COM is initialised on the calling thread.
+// Writes a PNG file. COM must be initialised on the calling thread.
 HRESULT SavePng(const Picture& picture, const std::wstring& path);
 
 }  // namespace kzhost

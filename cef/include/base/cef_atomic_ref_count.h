@@ -1,3 +1,5 @@
+// include/base/cef_atomic_ref_count.h of CEF 123, as far as it is used
+// here: a reference count for several threads.
 #pragma once
 
 #include <atomic>
@@ -10,11 +12,11 @@ class AtomicRefCount {
   constexpr AtomicRefCount() = default;
   explicit constexpr AtomicRefCount(int initial_value) : count_(initial_value) {}
 
-  // Both answer with the value before the change.
+  // Both return the value before the change.
   int Increment() { return Increment(1); }
   int Increment(int increment) { return count_.fetch_add(increment, std::memory_order_relaxed); }
 
-  // False when the count has reached zero. What other threads wrote before giving up their
+  // Returns false when the count has reached zero. What other threads wrote before giving up their
   // reference is visible to the one that reaches zero.
   bool Decrement() { return count_.fetch_sub(1, std::memory_order_acq_rel) != 1; }
 

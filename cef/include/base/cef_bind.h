@@ -1,3 +1,5 @@
+// include/base/cef_bind.h of CEF 123, as far as it is used here: makes callbacks from functions and
+// the arguments that are bound to them.
 #pragma once
 
 #include <functional>

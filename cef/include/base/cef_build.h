@@ -1,3 +1,5 @@
+// include/base/cef_build.h of CEF 123, as far as it is used here:
+// the macros that name platform and compiler.
 #pragma once
 
 // The platform macros that CEF code asks for. 64-bit Windows only.

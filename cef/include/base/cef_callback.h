@@ -1,3 +1,5 @@
+// include/base/cef_callback.h of CEF 123, as far as it is used
+// here: callbacks that run once or repeatedly.
 #pragma once
 
 #include <cstddef>

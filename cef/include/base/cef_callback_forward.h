@@ -1,3 +1,5 @@
+// include/base/cef_callback_forward.h of CEF 123, as far as it is used here:
+// declares the callbacks for headers that only name them.
 #pragma once
 
 namespace base {

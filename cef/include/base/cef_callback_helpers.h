@@ -1,3 +1,5 @@
+// include/base/cef_callback_helpers.h of CEF 123, as far as it is used here: closures for the end
+// of a scope, and callbacks that do nothing.
 #pragma once
 
 #include <utility>

@@ -1,3 +1,5 @@
+// include/base/cef_lock.h of CEF 123, as far as it is used here: a lock,
+// and its holding and releasing for a scope.
 #pragma once
 
 #include <mutex>
@@ -36,7 +38,7 @@ class AutoLock {
   Lock& lock_;
 };
 
-// Gives a held lock free for a scope.
+// Releases a held lock for a scope.
 class AutoUnlock {
  public:
   explicit AutoUnlock(Lock& lock) : lock_(lock) { lock_.Release(); }

@@ -1,3 +1,5 @@
+// include/base/cef_logging.h of CEF 123, as far as it is used here:
+// lines for the engine's log, and assertions.
 #pragma once
 
 #include <sstream>

@@ -1,3 +1,4 @@
+// include/base/cef_macros.h of CEF 123, as far as it is used here: macros that forbid copies.
 #pragma once
 
 // The older spellings of deleted copies, for code that still uses them.

@@ -1,3 +1,5 @@
+// include/base/cef_ref_counted.h of CEF 123, as far as it is used here:
+// bases of objects that count their references.
 #pragma once
 
 #include <utility>
@@ -17,7 +19,8 @@ struct DefaultRefCountedTraits {
   static void Destruct(const T* x) { RefCounted<T, DefaultRefCountedTraits<T>>::DeleteInternal(x); }
 };
 
-// Base of objects that one thread counts. The count starts at zero; the last Release deletes.
+// Base of objects whose references are counted on one thread only. The count starts at zero; the
+// last Release deletes.
 template <class T, typename Traits = DefaultRefCountedTraits<T>>
 class RefCounted {
  public:

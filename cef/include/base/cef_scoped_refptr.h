@@ -1,3 +1,5 @@
+// include/base/cef_scoped_refptr.h of CEF 123, as far as it is used
+// here: the pointer that holds a reference.
 #pragma once
 
 #include <cstddef>
@@ -47,7 +49,7 @@ class scoped_refptr {
   explicit operator bool() const { return ptr_ != nullptr; }
 
   void reset() { scoped_refptr().swap(*this); }
-  // Gives the reference to the caller, who owes the Release.
+  // Returns the pointer and gives up the reference, which the caller must release.
   [[nodiscard]] T* release() { return std::exchange(ptr_, nullptr); }
   void swap(scoped_refptr& r) noexcept { std::swap(ptr_, r.ptr_); }
 

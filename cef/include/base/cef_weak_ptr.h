@@ -1,3 +1,5 @@
+// include/base/cef_weak_ptr.h of CEF 123, as far as it is used here:
+// pointers that become null when their object dies.
 #pragma once
 
 #include <atomic>

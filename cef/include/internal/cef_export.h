@@ -1,3 +1,5 @@
+// include/internal/cef_export.h of CEF 123, as far as it is used
+// here: how the API's functions are declared.
 #pragma once
 
 #include "include/base/cef_build.h"

@@ -1,3 +1,5 @@
+// include/internal/cef_ptr.h of CEF 123, as far as it is used here:
+// the API's names for its kinds of pointer.
 #pragma once
 
 #include <memory>

@@ -1,3 +1,5 @@
+// include/internal/cef_string.h of CEF 123, as far as it is used
+// here: the encoding that the API's texts have.
 #pragma once
 
 // The text type of the API is UTF-16.

@@ -1,3 +1,5 @@
+// include/internal/cef_string_types.h of CEF 123, as far as it is used here:
+// texts as C structures, and the functions on them.
 #pragma once
 
 #include <stddef.h>
@@ -26,8 +28,8 @@ typedef struct _cef_string_utf16_t {
   void (*dtor)(char16_t* str);
 } cef_string_utf16_t;
 
-// Sets |output| to a copy of |src|, or to |src| itself, which must then outlive it. 0 when memory
-// runs out.
+// Sets |output| to a copy of |src|, or to |src| itself, which must then outlive it. Returns 0 when
+// memory runs out.
 CEF_EXPORT int cef_string_wide_set(const wchar_t* src,
                                    size_t src_len,
                                    cef_string_wide_t* output,
@@ -55,7 +57,7 @@ CEF_EXPORT int cef_string_wide_cmp(const cef_string_wide_t* str1, const cef_stri
 CEF_EXPORT int cef_string_utf8_cmp(const cef_string_utf8_t* str1, const cef_string_utf8_t* str2);
 CEF_EXPORT int cef_string_utf16_cmp(const cef_string_utf16_t* str1, const cef_string_utf16_t* str2);
 
-// Conversions. Invalid sequences become U+FFFD, and the answer is then 0.
+// Conversions. Invalid sequences become U+FFFD, and the function then returns 0.
 CEF_EXPORT int cef_string_wide_to_utf8(const wchar_t* src,
                                        size_t src_len,
                                        cef_string_utf8_t* output);

@@ -1,3 +1,5 @@
+// include/internal/cef_string_wrappers.h of CEF 123, as far as it is used
+// here: texts as C++ classes over the C structures.
 #pragma once
 
 #include <cstring>
@@ -116,8 +118,8 @@ struct CefStringTraitsUTF16 {
   }
 };
 
-// A text. It owns its characters, or refers to a structure of somebody else's (Attach), which then
-// must outlive it. Everything that is read as UTF-8 or UTF-16 may be invalid and comes out valid.
+// A text. It owns its characters, or refers to somebody else's structure (Attach), which must then
+// outlive it. What is read as UTF-8 or UTF-16 may be invalid; what comes out is valid.
 template <class traits>
 class CefStringBase final {
  public:
@@ -141,7 +143,7 @@ class CefStringBase final {
   }
   ~CefStringBase() { ClearAndFree(); }
 
-  // Null when nothing was ever set.
+  // Returns null when nothing was ever set.
   const char_type* c_str() const { return string_ ? string_->str : nullptr; }
   size_t length() const { return string_ ? string_->length : 0; }
   size_t size() const { return length(); }
@@ -218,7 +220,7 @@ class CefStringBase final {
     return FromUtf16(data, LengthOf(data, length));
   }
 
-  // As UTF-8.
+  // Returns the text as UTF-8.
   std::string ToString() const { return Convert<CefStringTraitsUTF8>(&traits::to_utf8); }
   std::wstring ToWString() const { return Convert<CefStringTraitsWide>(&traits::to_wide); }
   std::u16string ToString16() const { return Convert<CefStringTraitsUTF16>(&traits::to_utf16); }

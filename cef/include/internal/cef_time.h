@@ -1,3 +1,5 @@
+// include/internal/cef_time.h of CEF 123, as far as it is used here:
+// times as C structures, and their conversion.
 #pragma once
 
 #include <stdint.h>
@@ -25,7 +27,7 @@ typedef struct _cef_time_t {
 } cef_time_t;
 
 // Conversions of a time in parts, to seconds since 1970-01-01 UTC and from and to microseconds
-// since 1601. 0 when the parts are no valid time.
+// since 1601. They return 0 when the parts are no valid time.
 CEF_EXPORT int cef_time_to_timet(const cef_time_t* cef_time, time_t* time);
 CEF_EXPORT int cef_time_to_basetime(const cef_time_t* from, cef_basetime_t* to);
 CEF_EXPORT int cef_time_from_basetime(const cef_basetime_t from, cef_time_t* to);

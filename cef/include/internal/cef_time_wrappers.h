@@ -1,3 +1,4 @@
+// include/internal/cef_time_wrappers.h of CEF 123, as far as it is used here: times as C++ classes.
 #pragma once
 
 #include "include/internal/cef_time.h"

@@ -1,3 +1,5 @@
+// include/internal/cef_types.h of CEF 123, as far as it is used here:
+// the API's enumerations and C structures.
 #pragma once
 
 #include <limits.h>

@@ -1,3 +1,5 @@
+// include/internal/cef_types_geometry.h of CEF 123, as far as it is used
+// here: points, rectangles, sizes and insets.
 #pragma once
 
 extern "C" {

@@ -1,3 +1,5 @@
+// include/internal/cef_types_win.h of CEF 123, as far as it is
+// used here: handles and windows on Windows.
 #pragma once
 
 #include <windows.h>

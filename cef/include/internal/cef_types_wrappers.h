@@ -1,3 +1,5 @@
+// include/internal/cef_types_wrappers.h of CEF 123, as far as it is used
+// here: the API's C structures as C++ classes.
 #pragma once
 
 #include <cstring>

@@ -1,3 +1,5 @@
+// include/internal/cef_win.h of CEF 123, as far as it is used here: what
+// the API takes from Windows, as C++ classes.
 #pragma once
 
 #include "include/internal/cef_types_win.h"

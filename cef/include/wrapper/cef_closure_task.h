@@ -1,9 +1,11 @@
+// include/wrapper/cef_closure_task.h of CEF 123, as far as it is
+// used here: posting closures to threads.
 #pragma once
 
 #include "include/base/cef_callback.h"
 #include "include/cef_task.h"
 
-// A task that runs |closure|.
+// Returns a task that runs |closure|.
 CefRefPtr<CefTask> CefCreateClosureTask(base::OnceClosure closure);
 CefRefPtr<CefTask> CefCreateClosureTask(const base::RepeatingClosure& closure);
 

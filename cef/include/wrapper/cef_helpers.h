@@ -1,3 +1,5 @@
+// include/wrapper/cef_helpers.h of CEF 123, as far as it is used here: assertions about threads,
+// and objects that are deleted on a certain one.
 #pragma once
 
 #include <string>
@@ -37,7 +39,7 @@ struct CefDeleteOnFileUserVisibleThread : public CefDeleteOnThread<TID_FILE_USER
 struct CefDeleteOnFileUserBlockingThread : public CefDeleteOnThread<TID_FILE_USER_BLOCKING> {};
 struct CefDeleteOnRendererThread : public CefDeleteOnThread<TID_RENDERER> {};
 
-// IMPLEMENT_REFCOUNTING with a deletion of one's own, usually on a certain thread.
+// IMPLEMENT_REFCOUNTING with another way of deletion, usually on a certain thread.
 #define IMPLEMENT_REFCOUNTING_EX(ClassName, Destructor) \
  public:                                                \
   void AddRef() const override {                        \

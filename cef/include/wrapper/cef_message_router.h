@@ -1,3 +1,5 @@
+// include/wrapper/cef_message_router.h of CEF 123, as far as it is used here: the
+// browser process's side of queries that pages make.
 #pragma once
 
 #include "include/base/cef_ref_counted.h"
@@ -6,7 +8,8 @@
 #include "include/cef_process_message.h"
 
 // Asynchronous queries from page script to the browser process: window.cefQuery({request,
-// persistent, onSuccess, onFailure}) and window.cefQueryCancel(id).
+// persistent, onSuccess, onFailure}) and window.cefQueryCancel(id). The renderer's side gives pages
+// these functions; it is not declared here.
 
 // The same values must be used on both sides. No two routers of a process may share a function.
 struct CefMessageRouterConfig {
@@ -16,7 +19,7 @@ struct CefMessageRouterConfig {
   CefString js_query_function;
   CefString js_cancel_function;
 
-  // Bytes from which on a message would travel in shared memory.
+  // The size in bytes from which on a message would travel in shared memory.
   size_t message_size_threshold;
 };
 
@@ -44,7 +47,7 @@ class CefMessageRouterBrowserSide : public base::RefCountedThreadSafe<CefMessage
    public:
     using Callback = CefMessageRouterBrowserSide::Callback;
 
-    // True takes the query: the handler then owes an answer through |callback|.
+    // Returns true to take the query; the handler then owes an answer through |callback|.
     virtual bool OnQuery(CefRefPtr<CefBrowser> /*browser*/,
                          CefRefPtr<CefFrame> /*frame*/,
                          int64_t /*query_id*/,
@@ -73,7 +76,7 @@ class CefMessageRouterBrowserSide : public base::RefCountedThreadSafe<CefMessage
   static CefRefPtr<CefMessageRouterBrowserSide> Create(const CefMessageRouterConfig& config);
 
   // Handlers are asked in order, the first added first unless |first|. The router does not own
-  // them. False when the handler is there already (or, for RemoveHandler, is not).
+  // them. Returns false when the handler is there already (or, for RemoveHandler, is not).
   virtual bool AddHandler(Handler* handler, bool first) = 0;
   // Cancels the handler's pending queries.
   virtual bool RemoveHandler(Handler* handler) = 0;
@@ -86,7 +89,7 @@ class CefMessageRouterBrowserSide : public base::RefCountedThreadSafe<CefMessage
   virtual void OnBeforeClose(CefRefPtr<CefBrowser> browser) = 0;
   virtual void OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser) = 0;
   virtual void OnBeforeBrowse(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame) = 0;
-  // True when the message was the router's.
+  // Returns true when the message was the router's.
   virtual bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser,
                                         CefRefPtr<CefFrame> frame,
                                         CefProcessId source_process,

@@ -1,3 +1,5 @@
+// include/wrapper/cef_resource_manager.h of CEF 123, as far as it is
+// used here: serving requests from providers.
 #pragma once
 
 #include <cstdint>
@@ -19,9 +21,9 @@
 class CefResourceManager
     : public base::RefCountedThreadSafe<CefResourceManager, CefDeleteOnIOThread> {
  public:
-  // Changes the URL that providers see.
+  // Returns the URL that providers see in place of |url|.
   using UrlFilter = base::RepeatingCallback<std::string(const std::string& /*url*/)>;
-  // Answers the MIME type for a URL.
+  // Returns the MIME type for a URL.
   using MimeTypeResolver = base::RepeatingCallback<std::string(const std::string& /*url*/)>;
 
  private:
@@ -74,9 +76,9 @@ class CefResourceManager
   // Serves requests. Called on the IO thread.
   class Provider {
    public:
-    // True takes the request.
+    // Returns true to take the request.
     virtual bool OnRequest(scoped_refptr<Request> request) = 0;
-    // A request that was taken is over.
+    // Called when a request that was taken is over before the provider has finished it.
     virtual void OnRequestCanceled(scoped_refptr<Request> /*request*/) {}
 
     virtual ~Provider() = default;
@@ -131,7 +133,7 @@ class CefResourceManager
 
   // In order of asking.
   Providers providers_;
-  // Found handlers on their way to GetResourceHandler, by request identifier.
+  // The handlers found for requests, by request identifier, until GetResourceHandler takes them.
   std::map<uint64_t, CefRefPtr<CefResourceHandler>> found_;
   UrlFilter url_filter_;
   MimeTypeResolver mime_type_resolver_;

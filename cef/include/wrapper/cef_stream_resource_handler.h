@@ -1,3 +1,5 @@
+// include/wrapper/cef_stream_resource_handler.h of CEF 123, as far as it is
+// used here: serving a request from a stream.
 #pragma once
 
 #include "include/cef_resource_handler.h"
@@ -9,7 +11,7 @@ class CefStreamResourceHandler : public CefResourceHandler {
  public:
   // Status 200 "OK" and no headers.
   CefStreamResourceHandler(const CefString& mime_type, CefRefPtr<CefStreamReader> stream);
-  // The stream may be null: an answer without a body.
+  // The stream may be null, for a response without a body.
   CefStreamResourceHandler(int status_code,
                            const CefString& status_text,
                            const CefString& mime_type,

@@ -1,3 +1,5 @@
+// The members of the application object: each acts on the process-wide registry or makes an object.
+
 #include "automation/application.h"
 
 #include <wrl/client.h>
@@ -25,8 +27,8 @@ ComPtr<Interface> Query(IUnknown* object) {
   return answer;
 }
 
-// By what the tables know an object: the typed members take its interface pointer, the generic ones
-// the pointer that was passed.
+// The pointer by which the tables know an object: the typed members take its interface pointer, the
+// generic ones the pointer that was passed.
 struct ByInterface {
   static IUnknown* Of(IUnknown* /*passed*/, IUnknown* queried) { return queried; }
 };

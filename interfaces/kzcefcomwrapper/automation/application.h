@@ -7,16 +7,17 @@
 namespace kzcef {
 
 // Stateless: all application objects of a process act on the one KZCEFCom. Tokens and cookies
-// (`token`, `cookie`) are accepted and never read. But for GetKzCEFComSettings and ExitCef, every
-// member answers S_OK whatever happened and ignores bad arguments. Called on the host's thread.
+// (`token`, `cookie`) are accepted and never read. Except for GetKzCEFComSettings and ExitCef,
+// every member returns S_OK whatever happens and ignores bad arguments. Called on the host's
+// thread.
 class CKZCEFComApplication : public CoClass<IKZCEFComApplication2, IKZCEFComApplication> {
  public:
   // Takes `product_key` as the host kind if it names one, in any letter case. Never hands out a
-  // token: the out pointer keeps what the caller passed.
+  // token; the out pointer keeps its value.
   HRESULT STDMETHODCALLTYPE GetToken(BSTR product_key,
                                      VARIANT keys,
                                      IKZCEFComToken** token) override;
-  // A new browser object in `browser`, which the caller owns and the browser list mentions.
+  // Makes a new browser object, which is added to the browser list and belongs to the caller.
   HRESULT STDMETHODCALLTYPE GetKzCEFBrowser(IKZCEFComToken* token,
                                             long cookie,
                                             IKZCEFComBrowser** browser) override;
@@ -34,13 +35,14 @@ class CKZCEFComApplication : public CoClass<IKZCEFComApplication2, IKZCEFComAppl
                                              IKZCEFComCookieManager** manager) override;
   // Starts the engine on the first call of the process, and never again, also after a failure.
   HRESULT STDMETHODCALLTYPE InitCef(IKZCEFComToken* token, IKZCEFComSettings* settings) override;
-  // S_FALSE when the shut-down failed. The engine cannot be started again.
+  // Returns S_FALSE when the shut-down failed. The engine cannot be started again.
   HRESULT STDMETHODCALLTYPE ExitCef(IKZCEFComToken* token) override;
-  // A new settings object with default values, which the caller owns. E_POINTER, E_OUTOFMEMORY.
+  // Makes a new settings object with default values, which belongs to the caller. Returns S_OK,
+  // E_POINTER or E_OUTOFMEMORY.
   HRESULT STDMETHODCALLTYPE GetKzCEFComSettings(IKZCEFComToken* token,
                                                 IKZCEFComSettings** settings) override;
-  // As their namesakes, for callers that hold IUnknown only: the tables then know the objects by
-  // the very pointers passed.
+  // Like the members without the 2, for callers that hold IUnknown only: the tables then know the
+  // objects by the very pointers passed.
   HRESULT STDMETHODCALLTYPE RegisterKzCEFBrowserCallback2(IUnknown* token,
                                                           long addin_id,
                                                           IUnknown* browser,

@@ -1,3 +1,5 @@
+// The members of the browser object, each passed on to the bridge with this browser's instance.
+
 #include "automation/browser.h"
 
 #include "automation/kzcef_com.h"
@@ -8,7 +10,7 @@
 namespace kzcef {
 namespace {
 
-// The answer of most members: whether there was a bridge to act on.
+// The result of most members: whether there was a bridge to act on.
 HRESULT Acted(bool acted) {
   return acted ? S_OK : S_FALSE;
 }

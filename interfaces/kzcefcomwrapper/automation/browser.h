@@ -21,8 +21,8 @@ class kzCefInstance;
 
 // The script handlers of a browser that a page is to have, in order of their names.
 struct ScriptHandlerOffer {
-  // The engine's UI thread, which keeps the instance alive, and outside BrowserLife::With:
-  // marshalling runs the objects' own code.
+  // Called on the engine's UI thread, which keeps the instance alive, and outside
+  // BrowserLife::With, because marshalling runs the objects' own code.
   void Send() const;
 
   kzCefBridge* bridge = nullptr;
@@ -31,36 +31,38 @@ struct ScriptHandlerOffer {
   std::vector<std::pair<std::wstring, IDispatch*>> handlers;
 };
 
-// A thin front over the bridge: every member is one operation on this browser's instance. An object
-// made before the engine was started has no bridge for its whole life, and its members do nothing.
-// No argument is checked; failures show as S_FALSE where a member says so. Called on the host's
-// thread, but for the two operations of the dispatchers.
+// A thin layer over the bridge: every member is one operation on this browser's instance. An object
+// made before the engine was started never has a bridge, and its members do nothing. No argument is
+// checked; failures show as S_FALSE where a member's description says so. Called on the host's
+// thread, except for the operations for the dispatchers.
 class CKZCEFComBrowser : public CoClass<IKZCEFComBrowser> {
  public:
   CKZCEFComBrowser();
 
-  // The members below that do nothing without a bridge answer S_FALSE then, and S_OK otherwise.
+  // The members below that do nothing without a bridge return S_FALSE then, and S_OK otherwise.
 
-  // The window of the engine's browser, 0 while there is none. Untouched without a bridge.
+  // Writes the window of the engine's browser to `window`, 0 while there is none; nothing without a
+  // bridge.
   HRESULT STDMETHODCALLTYPE GetWindowHandle(__int64* window) override;
-  // S_OK always; without a bridge an empty text, not the stored one.
+  // Always returns S_OK. Without a bridge the text is empty, not the stored one.
   HRESULT STDMETHODCALLTYPE get_URL(BSTR* url) override;
-  // Keeps the text for StartBrowser, and loads it when the browser exists already: S_OK exactly
-  // then.
+  // Keeps the text for StartBrowser. If the browser exists already, also loads it and returns S_OK;
+  // otherwise returns S_FALSE.
   HRESULT STDMETHODCALLTYPE put_URL(BSTR url) override;
   HRESULT STDMETHODCALLTYPE ExecuteJS(BSTR script) override;
-  // Offers `object` to the page as `name`; before the browser was started, keeps the pair, without
-  // a reference on the object, until the engine reports the browser or an address change.
+  // Offers `object` to the page as `name`. Before the browser is started, keeps the pair, without a
+  // reference to the object, until the engine reports the browser or an address change.
   HRESULT STDMETHODCALLTYPE AddJSHandler(BSTR name, IDispatch* object) override;
   HRESULT STDMETHODCALLTYPE RemoveJSHandler(BSTR name, IDispatch* object) override;
-  // Opens the stored URL in a browser that fills the window `parent`. S_OK always. A second call
-  // makes a second browser and forgets the first.
+  // Opens the stored URL in a browser that fills the window `parent`. Always returns S_OK. A second
+  // call makes a second browser and forgets the first.
   HRESULT STDMETHODCALLTYPE StartBrowser(__int64 parent) override;
   // Pixels, truncated toward zero.
   HRESULT STDMETHODCALLTYPE ResizeBrowser(double width, double height) override;
   HRESULT STDMETHODCALLTYPE get_PopupUserBrowser(VARIANT_BOOL* popup) override;
   HRESULT STDMETHODCALLTYPE put_PopupUserBrowser(VARIANT_BOOL popup) override;
-  // S_FALSE when the page is reloaded, S_OK when nothing happened: hosts rely on the inversion.
+  // Returns S_FALSE when the page is reloaded and S_OK when nothing happened: hosts rely on the
+  // inversion.
   HRESULT STDMETHODCALLTYPE Refresh(VARIANT_BOOL ignore_cache) override;
   HRESULT STDMETHODCALLTYPE ResizeBrowserRect(double x,
                                               double y,
@@ -69,15 +71,16 @@ class CKZCEFComBrowser : public CoClass<IKZCEFComBrowser> {
 
   // For the dispatchers, on the engine's threads, inside BrowserLife::With:
 
-  // The window of the engine's browser, or null.
+  // Returns the window of the engine's browser, or null.
   HWND WindowHandle() const;
   // PopupUserBrowser.
   VARIANT_BOOL IsPopupForDesktop() const { return popup_user_browser_; }
-  // What is to be offered to the page; nothing without a bridge or before StartBrowser. The
-  // handlers stay kept, as every new document needs them again.
+  // Returns what is to be offered to the page; nothing without a bridge or before StartBrowser. The
+  // handlers are kept, as every new document needs them again.
   ScriptHandlerOffer PendingScriptHandlers() const;
 
-  // Gives the instance back and leaves the registry; nobody without a reference gets here any more.
+  // Gives the instance back and leaves the registry. From then on nobody reaches the object without
+  // holding a reference.
   void FinalRelease() noexcept;
 
  protected:

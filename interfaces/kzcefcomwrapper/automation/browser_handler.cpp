@@ -1,3 +1,5 @@
+// The members of the handler coclass, none of which does anything.
+
 #include "automation/browser_handler.h"
 
 #include "com/member.h"

@@ -7,7 +7,7 @@
 namespace kzcef {
 
 // Exists so that the three interfaces have a class; hosts register objects of their own. Every
-// member answers E_NOTIMPL and leaves its arguments alone.
+// member returns E_NOTIMPL and leaves its arguments alone.
 class CKZCEFComBrowserHandler
     : public CoClass<IKZCEFComBrowserHandler3, IKZCEFComBrowserHandler2, IKZCEFComBrowserHandler> {
  public:

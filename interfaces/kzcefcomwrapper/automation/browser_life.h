@@ -21,7 +21,7 @@ class BrowserLife {
   BrowserLife(const BrowserLife&) = delete;
   BrowserLife& operator=(const BrowserLife&) = delete;
 
-  // Calls `use(browser)` while the object cannot go away, and answers whether it was there at all.
+  // Calls `use(browser)` while the object cannot go away. Returns false when it was gone already.
   // The object's last reference may be given back inside. Keep it short: the thread that releases
   // the object waits.
   template <typename Use>
@@ -34,14 +34,14 @@ class BrowserLife {
     return true;
   }
 
-  // Runs `change`, which changes what `With` looks at; whoever looks meanwhile waits.
+  // Runs `change`, which changes what `With` sees; calls of `With` wait meanwhile.
   template <typename Change>
   void While(Change&& change) {
     const std::scoped_lock lock(section_);
     change();
   }
 
-  // From the return on nobody uses the object any more.
+  // When this returns, nobody uses the object any more.
   void End() {
     const std::scoped_lock lock(section_);
     browser_ = nullptr;

@@ -1,3 +1,6 @@
+// Finds the array in a VARIANT and visits its elements, after
+// making sure that it really holds texts.
+
 #include "automation/cookie_array.h"
 
 namespace kzcef {

@@ -1,3 +1,5 @@
+// The members of the cookie manager, passed on to the bridge; what fails there ends here.
+
 #include "automation/cookie_manager.h"
 
 #include "automation/cookie_array.h"
@@ -8,8 +10,8 @@
 namespace kzcef {
 namespace {
 
-// A member that answers what `read` finds, and nothing when it throws: a missing member in the text
-// of a language cookie, above all.
+// The frame of a member that returns the cookies which `read` finds, and none when it throws, as it
+// does above all when a language cookie's text lacks a member.
 template <typename Read>
 HRESULT AnswerCookies(kzCefBridge* bridge, VARIANT* cookies, Read&& read) {
   return UnfailingComMember([&] {

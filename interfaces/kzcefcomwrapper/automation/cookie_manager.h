@@ -8,17 +8,17 @@ namespace kzcef {
 
 class kzCefBridge;
 
-// A thin front of the bridge. Every member answers S_OK whatever happens; what goes wrong shows as
-// VT_EMPTY. An object that was made before the engine was started serves no cookies for ever.
-// Called on the thread that made it.
+// A thin layer over the bridge. Every member returns S_OK whatever happens; what goes wrong shows
+// as VT_EMPTY. An object that was made before the engine was started never has any cookies. Called
+// on the thread that made it.
 class CKZCEFComCookieManager : public CoClass<IKZCEFComCookieManager> {
  public:
   CKZCEFComCookieManager();
 
   HRESULT STDMETHODCALLTYPE GetUrlCookies(BSTR url, VARIANT* cookies) override;
-  // `cookies` holds an array of BSTR, by value or by reference, each the text of one cookie. The
-  // answer is VARIANT_TRUE whatever is in it, and VARIANT_FALSE only without an engine: an element
-  // that is no cookie is passed over, and so is a value that is no such array.
+  // `cookies` holds an array of BSTR, by value or by reference, each the text of one cookie. An
+  // element that is no cookie is passed over, and so is a value that is no such array. `done`
+  // becomes VARIANT_TRUE whatever came of it, and VARIANT_FALSE only without an engine.
   HRESULT STDMETHODCALLTYPE SetUrlCookies(BSTR url, VARIANT cookies, VARIANT_BOOL* done) override;
   HRESULT STDMETHODCALLTYPE GetUrlCookiesSync(BSTR url, VARIANT* cookies) override;
   HRESULT STDMETHODCALLTYPE GetAllCookiesSync(VARIANT* cookies) override;

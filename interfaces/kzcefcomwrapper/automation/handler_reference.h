@@ -5,7 +5,7 @@
 
 namespace kzcef {
 
-// Takes over one reference that was taken on `handler`, and gives it back in the end.
+// Takes over one reference to `handler` and releases it in the end.
 class HandlerReference {
  public:
   explicit HandlerReference(IUnknown* handler) noexcept : handler_(handler) {}

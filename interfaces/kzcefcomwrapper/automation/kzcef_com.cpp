@@ -1,3 +1,6 @@
+// The registry's tables. Every change makes a new snapshot of the pairs, which the engine's threads
+// walk without a lock; references are released outside the lock, because that runs the host's code.
+
 #include "automation/kzcef_com.h"
 
 #include <algorithm>

@@ -41,14 +41,14 @@ class KZCEFCom final : public HostNotifications {
   KZCEFCom(const KZCEFCom&) = delete;
   KZCEFCom& operator=(const KZCEFCom&) = delete;
 
-  // Enters `handler` with its add-in and takes a reference on it, which a second registration takes
-  // too although nothing gives that one back: hosts count on it.
+  // Enters `handler` with its add-in and takes a reference to it. A second registration takes
+  // another, which nothing ever releases: hosts count on it.
   void AddHandler(IUnknown* handler, long addin_id);
   // Pairs a handler with the browser that it serves; the first one stays. No reference.
   void PairWithBrowser(IUnknown* handler, IUnknown* browser);
-  // Takes `handler` out of both tables and gives the table's reference back.
+  // Takes `handler` out of both tables and releases the table's reference.
   void RemoveHandler(IUnknown* handler);
-  // Takes out every pair with `browser`, and its handlers from the handler table.
+  // Takes out every pair with `browser`, and the handlers of these pairs from the handler table.
   void RemoveHandlersOf(IUnknown* browser);
   bool HasHandlers() const;
 

@@ -1,3 +1,6 @@
+// The members of the settings object: the getter and setter of each
+// property, and the defaults, which are CEF's own.
+
 #include "automation/settings.h"
 
 #include <oleauto.h>
@@ -26,7 +29,7 @@ VARIANT_BOOL DefaultFlag(int flag) {
   return flag ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
-// By contract a getter fails on nothing, so a missing out pointer is left alone.
+// By contract a getter never fails, so a missing out pointer is left alone.
 HRESULT GetText(const std::wstring& text, BSTR* value) {
   return UnfailingComLeafMember([&] {
     if (value) {

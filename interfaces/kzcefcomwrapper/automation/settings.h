@@ -17,7 +17,7 @@ struct Described<ICommandLineSource> {
 };
 
 // A plain property bag. Nothing is checked and nothing takes effect before InitCef reads it, once,
-// through the interface. Every member answers S_OK; texts that come in are copied, texts that go
+// through the interface. Every member returns S_OK; texts that come in are copied, texts that go
 // out belong to the caller. Called on the thread that created the object.
 class CKZCEFComSettings : public CoClass<ICommandLineSource, IKZCEFComSettings> {
  public:
@@ -30,8 +30,8 @@ class CKZCEFComSettings : public CoClass<ICommandLineSource, IKZCEFComSettings> 
   HRESULT STDMETHODCALLTYPE put_BrowserSubprocessPath(BSTR value) override;
   HRESULT STDMETHODCALLTYPE get_CachePath(BSTR* value) override;
   HRESULT STDMETHODCALLTYPE put_CachePath(BSTR value) override;
-  // Inserts: the first value of a name stays. Names differ by letter case, and both texts are kept
-  // as given.
+  // Keeps the first value given for a name. Names that differ in letter case only are different,
+  // and both texts are kept as given.
   HRESULT STDMETHODCALLTYPE AddCefCommandLineArg(BSTR name, BSTR value) override;
   HRESULT STDMETHODCALLTYPE get_CommandLineArgsDisabled(VARIANT_BOOL* value) override;
   HRESULT STDMETHODCALLTYPE put_CommandLineArgsDisabled(VARIANT_BOOL value) override;

@@ -6,7 +6,7 @@
 
 namespace kzcef {
 
-// Has no members and no state. Nothing in the library makes one or reads one.
+// Has no members and no state. Nothing in the library makes or reads one.
 class CKZCEFComToken : public CoClass<IKZCEFComToken> {};
 
 }  // namespace kzcef

@@ -1,4 +1,4 @@
-// The texts that the bridge is given, for CEF.
+// Makes CEF's texts from those that the bridge is given.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace kzcef {
 
-// A copy of a null-terminated text; null counts as empty.
+// Returns a copy of a null-terminated text; null counts as empty.
 inline CefString ToCefString(const wchar_t* text) {
   return text ? CefString(std::wstring(text)) : CefString();
 }

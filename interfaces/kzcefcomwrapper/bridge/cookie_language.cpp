@@ -1,3 +1,5 @@
+// Recognises the language cookie, by its name alone, and keeps its value for the process.
+
 #include "bridge/cookie_language.h"
 
 #include <string>

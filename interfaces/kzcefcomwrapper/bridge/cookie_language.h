@@ -9,8 +9,8 @@ namespace kzcef {
 void CaptureLanguage(std::wstring_view cookie_name, std::wstring_view cookie_value);
 
 // The same for the cookie of a cookie text (cookie_text.h). Throws std::out_of_range "invalid
-// map<K, T> key" for a text that mentions the cookie, but has no "name" or no "value": which can
-// be, because nothing in it is escaped.
+// map<K, T> key" for a text that mentions the cookie, but has no "name" or no "value"; there are
+// such texts, because nothing in them is escaped.
 void CaptureLanguageOf(std::wstring_view cookie_text);
 
 }  // namespace kzcef

@@ -1,3 +1,6 @@
+// Moves cookie texts into an array for automation. The texts
+// themselves become its elements, so none is copied.
+
 #include "bridge/cookie_list.h"
 
 #include <algorithm>

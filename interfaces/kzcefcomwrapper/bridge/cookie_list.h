@@ -1,4 +1,4 @@
-// What a read of cookies answers.
+// The value in which cookies go to the host.
 #pragma once
 
 #include <windows.h>
@@ -11,12 +11,12 @@
 
 namespace kzcef {
 
-// VT_EMPTY without texts, otherwise a one-dimensional SAFEARRAY of BSTR from index 0 with the texts
-// in their order; the caller frees it. On the way every text is looked at for the language
-// (CaptureLanguageOf, whose errors leave this). Throws std::bad_alloc.
+// Returns VT_EMPTY without texts, otherwise a one-dimensional SAFEARRAY of BSTR from index 0 with
+// the texts in their order; the caller frees it. Looks at every text for the language
+// (CaptureLanguageOf) and throws what that throws, or std::bad_alloc.
 VARIANT CookieList(std::vector<UniqueBstr> texts);
 
-// The answer of a read that found nothing.
+// Returns what stands for no cookies, VT_EMPTY.
 VARIANT NoCookies() noexcept;
 
 }  // namespace kzcef

@@ -1,3 +1,6 @@
+// Writes a cookie's text straight into the BSTR that the host
+// receives: a read may make thousands of them.
+
 #include "bridge/cookie_text.h"
 
 #include <algorithm>

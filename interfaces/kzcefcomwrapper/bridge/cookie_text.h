@@ -6,9 +6,9 @@
 
 namespace kzcef {
 
-// {"domain":"...","name":"...","value":"..."}, always these three in this order. The cookie's texts
-// stand in it as they are: hosts count on quotes, backslashes and control characters not being
-// escaped. Throws std::bad_alloc.
+// Returns {"domain":"...","name":"...","value":"..."}, always these three in this order. The
+// cookie's texts appear in it as they are: hosts count on quotes, backslashes and control
+// characters not being escaped. Throws std::bad_alloc.
 UniqueBstr CookieText(const CefCookie& cookie);
 
 }  // namespace kzcef

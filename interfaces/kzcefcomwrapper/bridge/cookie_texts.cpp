@@ -1,3 +1,5 @@
+// The list of texts, guarded by one lock.
+
 #include "bridge/cookie_texts.h"
 
 #include <utility>

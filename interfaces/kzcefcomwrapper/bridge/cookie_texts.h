@@ -21,9 +21,10 @@ class CookieTexts {
   // Says that no text will be appended any more.
   void Close();
 
-  // The texts in the order in which they came; the list is empty then.
+  // Returns the texts in the order in which they came, and leaves the list empty.
   std::vector<UniqueBstr> Take();
-  // The same once there are exactly `expected` of them or the list is closed, else nothing.
+  // Does the same once there are exactly `expected` texts or the list is closed; otherwise returns
+  // nothing.
   std::optional<std::vector<UniqueBstr>> TakeWhenComplete(int expected);
 
  private:

@@ -1,3 +1,6 @@
+// Collects the cookies that CEF visits as texts. The destruction of a waiting read's visitor tells
+// that no more can come, because CEF says so in no other way.
+
 #include "bridge/cookie_visitors.h"
 
 #include <atomic>

@@ -42,8 +42,8 @@ class kzCefCookieVisitorSync final : public CefCookieVisitor {
   IMPLEMENT_REFCOUNTING(kzCefCookieVisitorSync);
 };
 
-// How many cookies the visit of the latest kzCefCookieVisitorSync::Visit has in all; one number for
-// the process. Any thread.
+// The number of cookies in all that the latest call of kzCefCookieVisitorSync::Visit was told; one
+// number for the process. Any thread.
 int ExpectedCookieTotal();
 void SetExpectedCookieTotal(int total);
 

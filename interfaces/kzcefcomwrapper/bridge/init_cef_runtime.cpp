@@ -1,3 +1,5 @@
+// Hands the bridge out when the engine could be started.
+
 #include "bridge/init_cef_runtime.h"
 
 #include "runtime/startup.h"

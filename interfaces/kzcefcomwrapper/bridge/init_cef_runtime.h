@@ -1,4 +1,4 @@
-// Starting CEF, once a process.
+// Starting CEF, once per process.
 #pragma once
 
 #include "bridge/kz_cef_bridge_impl.h"
@@ -7,8 +7,9 @@ struct IKZCEFComSettings;
 
 namespace kzcef {
 
-// Starts CEF with `settings` on the calling thread. Answers the process's bridge, or null when CEF
-// did not start; only the first call in a process can start it. Every `instance` is taken as null.
+// Starts CEF with `settings` on the calling thread. Returns the process's bridge, or null when CEF
+// did not start; only the first call in a process can start it. `instance` is ignored and taken as
+// null.
 kzCefBridgeImpl* InitCefRuntime(HINSTANCE instance, IKZCEFComSettings* settings);
 
 }  // namespace kzcef

@@ -17,14 +17,14 @@
 
 namespace kzcef {
 
-// The count of an object's references. Once the last one is given back the object is going away,
-// and references taken and given back after that (by those who still see it while it cleans up)
-// count no more.
+// The count of an object's references. Once the last one is released the object is going away, and
+// references taken and released after that, by those who still see it while it cleans up, no longer
+// count.
 class ReferenceCount {
  public:
   ULONG Add() noexcept { return references_.fetch_add(1, std::memory_order_relaxed) + 1; }
 
-  // The references left; 0 exactly once.
+  // Returns the number of references left; 0 exactly once.
   ULONG Release() noexcept {
     ULONG count = references_.load(std::memory_order_relaxed);
     while (!references_.compare_exchange_weak(count, count == 1 ? kGoing : count - 1,
@@ -34,13 +34,13 @@ class ReferenceCount {
   }
 
  private:
-  // Far from what live objects reach.
+  // Far above what live objects reach.
   static constexpr ULONG kGoing = 0x40000000;
   std::atomic<ULONG> references_{0};
 };
 
 // Base of a coclass whose interfaces form one line of inheritance: Primary is the most derived,
-// Bases are the ones below it. The object answers all of them and IDispatch through one pointer.
+// Bases are the ones below it. QueryInterface returns one pointer for all of them and IDispatch.
 template <typename Primary, typename... Bases>
 class CoClass : public DispatchImpl<Primary> {
  public:
@@ -148,9 +148,9 @@ class ComAggregate final : public IUnknown {
   Contained contained_;
 };
 
-// Creates an object of Class, inside `outer` unless that is null, and answers its `iid`.
-// E_OUTOFMEMORY when it cannot be made; otherwise QueryInterface's answer, and an object that does
-// not answer `iid` is gone again.
+// Creates an object of Class, inside `outer` unless that is null, and asks it for `iid`. Returns
+// E_OUTOFMEMORY when the object cannot be made, otherwise what QueryInterface returns; an object
+// that lacks `iid` is destroyed again.
 template <typename Class>
 HRESULT CreateComObject(IUnknown* outer, REFIID iid, void** object) noexcept {
   if (!object) {

@@ -1,3 +1,5 @@
+// Loads the type library from the DLL's own file.
+
 #include "com/dispatch.h"
 
 #include <oleauto.h>

@@ -8,8 +8,8 @@
 
 namespace kzcef {
 
-// The type information of `iid` in the type library that the DLL carries as its resource; the
-// library need not be registered. Loaded on the first call and kept. Any thread.
+// Loads the type information of `iid` from the type library that the DLL carries as a resource; the
+// library need not be registered. Any thread.
 // Fails as LoadTypeLibEx and GetTypeInfoOfGuid do.
 HRESULT ModuleTypeInfo(REFIID iid, Microsoft::WRL::ComPtr<ITypeInfo>& info) noexcept;
 
@@ -21,7 +21,7 @@ struct Described {
 };
 
 // The four members of IDispatch for an object whose dual interface is `Primary`.
-// Late-bound calls go through the platform's ITypeInfo, so they convert arguments and answer errors
+// Late-bound calls go through the platform's ITypeInfo, so they convert arguments and report errors
 // exactly as every other automation server does.
 template <typename Primary>
 class DispatchImpl : public Primary {
@@ -89,8 +89,8 @@ class DispatchImpl : public Primary {
   ~DispatchImpl() = default;
 
  private:
-  // The object's type information, without a reference of the caller's own: it lives as long as the
-  // DLL.
+  // Returns the object's type information without a reference for the caller: it lives as long as
+  // the DLL.
   static HRESULT OwnTypeInfo(ITypeInfo** info) noexcept {
     static Microsoft::WRL::ComPtr<ITypeInfo> cached;
     static const HRESULT loaded =

@@ -12,9 +12,9 @@
 
 namespace kzcef {
 
-// Runs `body`, which answers an HRESULT, as the body of a COM member that touches nothing but its
-// object's own memory. Neither the host nor the system can look at the module state inside such a
-// member, and switching it would cost more than the member itself.
+// Runs `body`, which returns an HRESULT, as the body of a COM member that touches nothing but its
+// object's own memory. Nobody can observe the module state inside such a member, and switching it
+// would cost more than the member itself.
 // What `body` throws comes back as E_OUTOFMEMORY, the COM error's own code, or E_UNEXPECTED.
 template <typename Body>
 HRESULT ComLeafMember(Body&& body) noexcept {

@@ -1,3 +1,6 @@
+// Finds the module by the address of its own code, and switches activation context and resource
+// module per thread; inside a scope of the same thread there is nothing left to switch.
+
 #include "com/module.h"
 
 #include <atomic>

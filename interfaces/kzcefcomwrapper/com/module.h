@@ -18,13 +18,13 @@ class ModuleLock {
 // The module that this code is linked into: the DLL, or a test program.
 HINSTANCE ModuleInstance() noexcept;
 
-// The full path of that module, of any length. Empty when the system does not tell.
+// The full path of that module, of any length. Empty when the system does not supply it.
 std::wstring ModulePath();
 
 // The switch to the DLL's own state that COM members and exports make on entry (member.h): inside
 // it the DLL's manifest is the active activation context and the DLL is the module that resources
-// come from; both are as before on every way out. Scopes nest. Each belongs to the thread that
-// made it and must end there.
+// come from; both are restored on every way out. Scopes nest. Each belongs to the thread that made
+// it and must end there.
 class ModuleStateScope {
  public:
   ModuleStateScope() noexcept;

@@ -1,4 +1,4 @@
-// Texts between automation and the library.
+// Converts texts between automation and the library.
 #pragma once
 
 #include <windows.h>
@@ -11,18 +11,18 @@
 
 namespace kzcef {
 
-// A copy of a text that a caller passes and keeps; null counts as empty. Blanks and embedded nulls
-// stay.
+// Returns a copy of a text that belongs to the caller; null counts as empty. Blanks and embedded
+// nulls stay.
 inline std::wstring TextOf(BSTR text) {
   return text ? std::wstring(text, SysStringLen(text)) : std::wstring();
 }
 
-// The same in place, for as long as the caller's text lives.
+// Returns a view of such a text, valid for as long as the text lives.
 inline std::wstring_view ViewOf(BSTR text) noexcept {
   return text ? std::wstring_view(text, SysStringLen(text)) : std::wstring_view();
 }
 
-// A new BSTR for the caller to free; null when memory runs out.
+// Returns a new BSTR for the caller to free; null when memory runs out.
 inline BSTR NewBstr(const std::wstring& text) noexcept {
   return SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
 }

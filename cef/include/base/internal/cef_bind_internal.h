@@ -1,3 +1,4 @@
+// How base::BindOnce and base::BindRepeating store and call what they bind.
 #pragma once
 
 #include <functional>
@@ -9,8 +10,6 @@
 #include "include/base/cef_callback.h"
 #include "include/base/cef_scoped_refptr.h"
 #include "include/base/cef_weak_ptr.h"
-
-// How base::BindOnce and base::BindRepeating store and call what they bind.
 
 namespace base {
 namespace cef_internal {
