@@ -26,17 +26,24 @@ foreach(needed ${KZ_ENGINE_DIR}/runtime/libcef.dll ${KZ_ENGINE_HEADER_PY})
   endif()
 endforeach()
 
-file(GLOB_RECURSE engine_files RELATIVE ${KZ_ENGINE_DIR}/runtime ${KZ_ENGINE_DIR}/runtime/*)
-set(laid_out ${engine_files})
-list(TRANSFORM laid_out PREPEND ${CMAKE_BINARY_DIR}/bin/)
-set(unpacked ${engine_files})
-list(TRANSFORM unpacked PREPEND ${KZ_ENGINE_DIR}/runtime/)
-add_custom_command(
-  OUTPUT ${laid_out}
-  COMMAND ${CMAKE_COMMAND} -DFROM=${KZ_ENGINE_DIR}/runtime -DTO=${CMAKE_BINARY_DIR}/bin
-          -DLIST=${CMAKE_BINARY_DIR}/engine_files.txt -P ${CMAKE_CURRENT_LIST_DIR}/lay_out_engine.cmake
-  # Not the script too: a link is as old as the unpacked file, which is older than the script.
-  DEPENDS ${unpacked}
-  COMMENT "Laying out the browser engine ${KZ_ENGINE_VERSION}"
-  VERBATIM)
-add_custom_target(kz_engine_files ALL DEPENDS ${laid_out})
+# kz_lay_out_engine(TARGET FOLDER): a target that puts everything that libcef needs at run time into
+# FOLDER. Further arguments go to add_custom_target.
+function(kz_lay_out_engine target folder)
+  file(GLOB_RECURSE engine_files RELATIVE ${KZ_ENGINE_DIR}/runtime ${KZ_ENGINE_DIR}/runtime/*)
+  set(laid_out ${engine_files})
+  list(TRANSFORM laid_out PREPEND ${folder}/)
+  set(unpacked ${engine_files})
+  list(TRANSFORM unpacked PREPEND ${KZ_ENGINE_DIR}/runtime/)
+  string(REGEX REPLACE "^kz_" "" list ${target})
+  add_custom_command(
+    OUTPUT ${laid_out}
+    COMMAND ${CMAKE_COMMAND} -DFROM=${KZ_ENGINE_DIR}/runtime -DTO=${folder}
+            -DLIST=${CMAKE_BINARY_DIR}/${list}.txt
+            -P ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/lay_out_engine.cmake
+    # Not the script too: a link is as old as the unpacked file, which is older than the script.
+    DEPENDS ${unpacked}
+    COMMENT "Laying out the browser engine ${KZ_ENGINE_VERSION} in ${folder}"
+    VERBATIM)
+  add_custom_target(${target} ${ARGN} DEPENDS ${laid_out})
+endfunction()
+kz_lay_out_engine(kz_engine_files ${CMAKE_BINARY_DIR}/bin ALL)

@@ -64,7 +64,7 @@ class Type:
         self.before, self.size, self.after = before, size, after
 
     def declare(self, name):
-        separator = "" if self.before.endswith("(CEF_CALLBACK *") else " "
+        separator = "" if not name or self.before.endswith(("(CEF_CALLBACK *", "(*")) else " "
         return f"{self.before}{separator}{name}{self.after}"
 
 
@@ -90,7 +90,9 @@ class Description:
         self.arguments = {}
         for statement in ast.parse(text).body:
             if isinstance(statement, ast.ClassDef):
-                self.structures.add(statement.name)
+                # Not unions, whose members do not lie one after the other.
+                if any(isinstance(b, ast.Name) and b.id == "Structure" for b in statement.bases):
+                    self.structures.add(statement.name)
             elif isinstance(statement, ast.Assign):
                 self.take_assignment(statement.targets[0], statement.value)
 
@@ -109,9 +111,8 @@ class Description:
 
     def type_of(self, node):
         if isinstance(node, ast.Name):
-            if node.id in self.structures:
-                size = self.size_of(node.id) if node.id in self.fields else 0
-                return Type(structure_name(node.id), size)
+            if node.id in self.structures and node.id in self.fields:
+                return Type(structure_name(node.id), self.size_of(node.id))
             if node.id in self.aliases:
                 return self.type_of(self.aliases[node.id])
         elif isinstance(node, ast.Constant) and node.value is None:
@@ -123,23 +124,23 @@ class Description:
             if is_ctypes(node.func, "POINTER"):
                 return self.pointer_to(node.args[0])
             if is_ctypes(node.func, "CFUNCTYPE"):
-                result = self.type_of(node.args[0]).declare("").rstrip()
-                arguments = ", ".join(self.type_of(a).declare("").rstrip() for a in node.args[1:])
+                result = self.type_of(node.args[0]).declare("")
+                arguments = ", ".join(self.type_of(a).declare("") for a in node.args[1:])
                 return Type(f"{result}(CEF_CALLBACK *", 8, f")({arguments})")
         elif isinstance(node, ast.BinOp) and isinstance(node.op, ast.Mult):
             element = self.type_of(node.left)
             if isinstance(node.right, ast.Constant):
                 return Type(element.before, element.size * node.right.value,
-                            f"[{node.right.value}]")
+                            f"[{node.right.value}]{element.after}")
         raise NotUnderstood(ast.unparse(node))
 
     def pointer_to(self, node):
         if isinstance(node, ast.Name) and node.id in self.structures:
             return Type(f"{structure_name(node.id)}*", 8)
         target = self.type_of(node)
-        if target.after:
-            return Type(f"{target.before}*", 8, target.after)
-        return Type(target.declare("").rstrip() + "*", 8)
+        if target.after.startswith("["):
+            return Type(f"{target.before} (*", 8, f"){target.after}")
+        return Type(f"{target.before}*", 8, target.after)
 
     def members(self, structure):
         """(name, type) of each member, padding included, in order."""
@@ -147,7 +148,8 @@ class Description:
         if not isinstance(value, ast.List):
             raise NotUnderstood(f"{structure}: the members are no list")
         for item in value.elts:
-            if not (isinstance(item, ast.Tuple) and len(item.elts) == 2):
+            if not (isinstance(item, ast.Tuple) and len(item.elts) == 2
+                    and isinstance(item.elts[0], ast.Constant)):
                 raise NotUnderstood(f"{structure}: {ast.unparse(item)}")
             name = item.elts[0].value
             try:
@@ -178,12 +180,16 @@ def write_structure(description, python_name, out):
 
 
 def function_members(description):
-    for name in sorted(description.arguments):
+    for name in sorted(description.arguments.keys() | description.results.keys()):
         if not name.startswith("cef_"):
             raise NotUnderstood(f"{name}: not a function of CEF")
+        if name not in description.results:
+            raise NotUnderstood(f"{name}: no result")
+        if not isinstance(description.arguments.get(name), ast.List):
+            raise NotUnderstood(f"{name}: no list of arguments")
         try:
-            result = description.type_of(description.results[name]).declare("").rstrip()
-            arguments = [description.type_of(argument).declare("").rstrip()
+            result = description.type_of(description.results[name]).declare("")
+            arguments = [description.type_of(argument).declare("")
                          for argument in description.arguments[name].elts]
         except NotUnderstood as error:
             raise NotUnderstood(f"{name}: {error}") from None

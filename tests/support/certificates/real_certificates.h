@@ -2,10 +2,9 @@
 // OpenSSL and certify nothing.
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
-#include "base64.h"
+#include "include/cef_x509_certificate.h"
 
 namespace certificates {
 
@@ -40,18 +39,7 @@ inline constexpr char kUnit[] =
     "MsHkvakssAABALswDwYDVR0TAQH/BAUwAwEB/zAKBggqhkjOPQQDAgNJADBGAiEAge77H35zOB9b1hEn9j+p"
     "KmaUemQzYAdtLh78FttFzSICIQCOllLD9K1m2igOxCBV4tlzpLVuz+g4pv3syCJbp70zPw==";
 
-// L=Nowhere.
-inline constexpr char kNameless[] =
-    "MIIBZjCCAQygAwIBAgIBAzAKBggqhkjOPQQDAjASMRAwDgYDVQQHDAdOb3doZXJlMB4XDTI2MTEyMTIyNDI0"
-    "N1oXDTQ2MTExNjIyNDI0N1owEjEQMA4GA1UEBwwHTm93aGVyZTBZMBMGByqGSM49AgEGCCqGSM49AwEHA0IA"
-    "BCUJoc2/sJWobasEQfArdS3OZlqOtpgHuY/pvI08tMr3hlyNnBTtMU++iqtPBmo1X6lMhiithK6Wb30I0Hj1"
-    "ZsqjUzBRMB0GA1UdDgQWBBRsslcOjdPNtaIyweS9qSywAAEAuzAfBgNVHSMEGDAWgBRsslcOjdPNtaIyweS9"
-    "qSywAAEAuzAPBgNVHRMBAf8EBTADAQH/MAoGCCqGSM49BAMCA0gAMEUCIQCF5O/8hRdI/SricXOZe4XNIKZh"
-    "L/JZokR+ZSVgCbKXWgIgHBE8Q6xta6qLXsqkpeNXkFKlAYCeCtI/wxpJ336w3MY=";
-
-// The bytes that one of these texts stands for.
-inline std::vector<std::uint8_t> Der(const char* base64) {
-  return cefedition::Base64Decode(base64).value();
-}
+// What the engine tells of the first of these texts, with the others as its issuers.
+CefRefPtr<CefX509Certificate> MakeCertificate(const std::vector<const char*>& chain);
 
 }  // namespace certificates

@@ -161,11 +161,6 @@ class FakeBrowserHost final : public CefBrowserHost {
   double GetDefaultZoomLevel() override { return 0; }
   double GetZoomLevel() override { return zoom_level; }
   void SetZoomLevel(double zoomLevel) override { zoom_level = zoomLevel; }
-  void RunFileDialog(FileDialogMode,
-                     const CefString&,
-                     const CefString&,
-                     const std::vector<CefString>&,
-                     CefRefPtr<CefRunFileDialogCallback>) override {}
   void StartDownload(const CefString& url) override { started_downloads.push_back(url); }
   void DownloadImage(const CefString& image_url,
                      bool is_favicon,
@@ -175,9 +170,6 @@ class FakeBrowserHost final : public CefBrowserHost {
     image_downloads.push_back({image_url, is_favicon, max_image_size, bypass_cache, callback});
   }
   void Print() override { ++print_count; }
-  void PrintToPDF(const CefString&,
-                  const CefPdfPrintSettings&,
-                  CefRefPtr<CefPdfPrintCallback>) override {}
   void Find(const CefString& searchText, bool, bool, bool) override {
     searches.push_back(searchText);
   }
@@ -209,49 +201,17 @@ class FakeBrowserHost final : public CefBrowserHost {
     devtools_observers.push_back(observer);
     return nullptr;
   }
-  void GetNavigationEntries(CefRefPtr<CefNavigationEntryVisitor>, bool) override {}
-  void ReplaceMisspelling(const CefString&) override {}
-  void AddWordToDictionary(const CefString&) override {}
-  bool IsWindowRenderingDisabled() override { return false; }
   void WasResized() override { ++was_resized_count; }
   void WasHidden(bool) override {}
-  void NotifyScreenInfoChanged() override {}
-  void Invalidate(PaintElementType) override {}
-  void SendExternalBeginFrame() override {}
   void SendKeyEvent(const CefKeyEvent& event) override { key_events.push_back(event); }
   void SendMouseClickEvent(const CefMouseEvent&, MouseButtonType, bool, int) override {}
   void SendMouseMoveEvent(const CefMouseEvent&, bool) override {}
   void SendMouseWheelEvent(const CefMouseEvent&, int, int) override {}
-  void SendTouchEvent(const CefTouchEvent&) override {}
-  void SendCaptureLostEvent() override {}
   void NotifyMoveOrResizeStarted() override { ++move_or_resize_started_count; }
-  int GetWindowlessFrameRate() override { return 0; }
-  void SetWindowlessFrameRate(int) override {}
-  void ImeSetComposition(const CefString&,
-                         const std::vector<CefCompositionUnderline>&,
-                         const CefRange&,
-                         const CefRange&) override {}
-  void ImeCommitText(const CefString&, const CefRange&, int) override {}
-  void ImeFinishComposingText(bool) override {}
-  void ImeCancelComposition() override {}
-  void DragTargetDragEnter(CefRefPtr<CefDragData>,
-                           const CefMouseEvent&,
-                           DragOperationsMask) override {}
-  void DragTargetDragOver(const CefMouseEvent&, DragOperationsMask) override {}
-  void DragTargetDragLeave() override {}
-  void DragTargetDrop(const CefMouseEvent&) override {}
-  void DragSourceEndedAt(int, int, DragOperationsMask) override {}
-  void DragSourceSystemDragEnded() override {}
-  CefRefPtr<CefNavigationEntry> GetVisibleNavigationEntry() override { return nullptr; }
-  void SetAccessibilityState(cef_state_t) override {}
-  void SetAutoResizeEnabled(bool, const CefSize&, const CefSize&) override {}
-  bool IsBackgroundHost() override { return false; }
   void SetAudioMuted(bool mute) override { is_audio_muted = mute; }
   bool IsAudioMuted() override { return is_audio_muted; }
   bool IsFullscreen() override { return false; }
   void ExitFullscreen(bool) override {}
-  bool CanExecuteChromeCommand(int) override { return false; }
-  void ExecuteChromeCommand(int, cef_window_open_disposition_t) override {}
 
   IMPLEMENT_REFCOUNTING(FakeBrowserHost);
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -35,7 +36,7 @@ class FakePostElement final : public CefPostDataElement {
 };
 
 // A request for tests that is what its members say: its URL as it was written, and a resource type
-// that otherwise only the engine gives.
+// and an identifier that otherwise only the engine gives.
 class FakeRequest final : public CefRequest {
  public:
   explicit FakeRequest(const CefString& request_url = CefString()) : url(request_url) {}
@@ -45,6 +46,7 @@ class FakeRequest final : public CefRequest {
   HeaderMap headers;
   CefRefPtr<CefPostData> post_data;
   ResourceType resource_type = RT_SUB_RESOURCE;
+  uint64_t identifier = 1;
   // How often the URL was read.
   int url_reads = 0;
 
@@ -86,7 +88,7 @@ class FakeRequest final : public CefRequest {
   void SetFirstPartyForCookies(const CefString&) override {}
   ResourceType GetResourceType() override { return resource_type; }
   TransitionType GetTransitionType() override { return TT_EXPLICIT; }
-  uint64_t GetIdentifier() override { return 1; }
+  uint64_t GetIdentifier() override { return identifier; }
 
  private:
   // With CEF's rules for the names of headers.

@@ -48,17 +48,10 @@ class FakeRequestContext final : public CefRequestContext {
   bool IsSame(CefRefPtr<CefRequestContext> other) override { return other.get() == this; }
   bool IsSharingWith(CefRefPtr<CefRequestContext> other) override { return other.get() == this; }
   bool IsGlobal() override { return true; }
-  CefRefPtr<CefRequestContextHandler> GetHandler() override { return nullptr; }
   CefString GetCachePath() override { return cache_path; }
   CefRefPtr<CefCookieManager> GetCookieManager(CefRefPtr<CefCompletionCallback>) override {
     return cookie_manager;
   }
-  bool RegisterSchemeHandlerFactory(const CefString&,
-                                    const CefString&,
-                                    CefRefPtr<CefSchemeHandlerFactory>) override {
-    return false;
-  }
-  bool ClearSchemeHandlerFactories() override { return false; }
   void ClearCertificateExceptions(CefRefPtr<CefCompletionCallback> callback) override {
     ++cleared_exceptions;
     Complete(callback);
@@ -69,9 +62,6 @@ class FakeRequestContext final : public CefRequestContext {
   }
   void CloseAllConnections(CefRefPtr<CefCompletionCallback> callback) override {
     Complete(callback);
-  }
-  void ResolveHost(const CefString&, CefRefPtr<CefResolveCallback> callback) override {
-    callback->OnResolveCompleted(ERR_NAME_NOT_RESOLVED, {});
   }
 
  private:

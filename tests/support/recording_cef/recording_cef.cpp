@@ -121,18 +121,6 @@ void CefShutdown() {
   }
 }
 
-void CefDoMessageLoopWork() {
-  ++RecordingCef::Get().message_loop_work_count;
-}
-
-void CefRunMessageLoop() {
-  ++RecordingCef::Get().run_message_loop_count;
-}
-
-void CefQuitMessageLoop() {
-  ++RecordingCef::Get().quit_message_loop_count;
-}
-
 bool CefBrowserHost::CreateBrowser(const CefWindowInfo& windowInfo,
                                    CefRefPtr<CefClient> client,
                                    const CefString& url,

@@ -13,9 +13,9 @@
 #include "include/cef_request_context.h"
 #include "include/cef_task.h"
 
-// A third implementation of CEF's entry points, for tests: no engine, no browser. What product code
-// asks for is written down, and the test says what it is answered. Linked in place of cef::cef,
-// with cef::base for everything that needs no engine.
+// A double of the functions that reach for the running engine, for tests: what product code asks
+// for is written down, and the test says what it gets. Linked in place of cef::cef; values,
+// requests and all else that needs no running engine are the real engine's, through cef::base.
 
 namespace recording_cef {
 
@@ -73,10 +73,6 @@ class RecordingCef {
   int execute_process_count = 0;
   CefRefPtr<CefApp> execute_process_app;
   int execute_process_result = -1;
-
-  int message_loop_work_count = 0;
-  int run_message_loop_count = 0;
-  int quit_message_loop_count = 0;
 
   // --- Browsers ---
 

@@ -1,55 +1,72 @@
-// Which libcef.dll is used, and what is said of one that is not.
+// Which libraries are taken for the engine.
+#include "library.h"
 
+#include <windows.h>
+
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <string>
 
 #include "engine_pin.h"
-#include "library.h"
+#include "include/cef_values.h"
 
 namespace cefbinding {
 namespace {
 
-std::filesystem::path Folder() {
-  wchar_t path[32'768];
-  return std::filesystem::path(
-             std::wstring(path, GetModuleFileNameW(nullptr, path, std::size(path))))
-      .parent_path();
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+std::filesystem::path OwnFolder() {
+  std::wstring path(MAX_PATH, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  return std::filesystem::path(path).parent_path();
 }
 
-TEST(LibraryTest, EngineBesideTheProgramIsUsed) {
-  const Library library = LoadEngine(Folder() / L"libcef.dll", kEngineApiHash);
-  EXPECT_EQ(library.refusal, "");
-  ASSERT_TRUE(library.functions.cef_version_info);
-  EXPECT_EQ(library.functions.cef_version_info(0), KZ_ENGINE_MAJOR);
-  EXPECT_TRUE(library.log.write);
+void ExpectRefused(const Library& library) {
+  EXPECT_EQ(library.functions.cef_initialize, nullptr);
+  EXPECT_EQ(library.functions.cef_value_create, nullptr);
+  EXPECT_EQ(library.log.write, nullptr);
 }
 
-TEST(LibraryTest, OtherApiHashIsRefusedWithBothValues) {
-  const Library library = LoadEngine(Folder() / L"libcef.dll", "0123456789");
-  EXPECT_NE(library.refusal.find("0123456789"), std::string::npos) << library.refusal;
-  EXPECT_NE(library.refusal.find(kEngineApiHash), std::string::npos) << library.refusal;
-  EXPECT_FALSE(library.functions.cef_initialize);
-  EXPECT_FALSE(library.log.write);
+TEST(LibraryTest, TheEngineIsTheOneBesideThisProgram) {
+  EXPECT_THAT(Engine().refusal, IsEmpty());
+  EXPECT_NE(Engine().functions.cef_initialize, nullptr);
+  EXPECT_NE(Engine().log.write, nullptr);
 }
 
-TEST(LibraryTest, LibraryThatLacksAFunctionIsRefusedByItsName) {
-  const Library library = LoadEngine(Folder() / L"incomplete_libcef.dll", kEngineApiHash);
-  EXPECT_NE(library.refusal.find("cef_add_cross_origin_whitelist_entry"), std::string::npos)
-      << library.refusal;
-  EXPECT_FALSE(library.functions.cef_initialize);
+TEST(LibraryTest, AFileThatIsNotThereIsNamed) {
+  const Library library = LoadEngine(L"C:\\none\\libcef.dll", kEngineApiHash);
+  EXPECT_EQ(library.refusal,
+            "C:\\none\\libcef.dll cannot be loaded: error " + std::to_string(ERROR_MOD_NOT_FOUND));
+  ExpectRefused(library);
 }
 
-TEST(LibraryTest, LibraryThatIsNoCefIsRefused) {
+TEST(LibraryTest, ALibraryOfSomebodyElseIsRefused) {
   const Library library = LoadEngine(L"kernel32.dll", kEngineApiHash);
-  EXPECT_NE(library.refusal.find("cef_api_hash"), std::string::npos) << library.refusal;
+  EXPECT_THAT(library.refusal,
+              EndsWith("kernel32.dll is not CEF's library: it lacks the function cef_api_hash"));
+  ExpectRefused(library);
 }
 
-TEST(LibraryTest, MissingLibraryIsRefusedByItsPath) {
-  const Library library = LoadEngine(Folder() / L"nowhere" / L"libcef.dll", kEngineApiHash);
-  EXPECT_NE(library.refusal.find("nowhere"), std::string::npos) << library.refusal;
-  EXPECT_NE(library.refusal.find("cannot be loaded"), std::string::npos) << library.refusal;
+TEST(LibraryTest, AnotherVersionIsRefusedWithBothHashes) {
+  const Library library = LoadEngine(OwnFolder() / L"libcef.dll", "0123");
+  EXPECT_THAT(library.refusal, HasSubstr(std::string("has the API hash ") + kEngineApiHash));
+  EXPECT_THAT(library.refusal, EndsWith("expected was 0123: it belongs to another version of CEF"));
+  ExpectRefused(library);
+}
+
+TEST(LibraryTest, ALibraryThatLacksAFunctionIsRefusedByItsName) {
+  const Library library = LoadEngine(OwnFolder() / L"incomplete_libcef.dll", kEngineApiHash);
+  EXPECT_THAT(library.refusal, HasSubstr("lacks the function cef_add_cross_origin_whitelist_entry"));
+  EXPECT_THAT(library.refusal, EndsWith(kEngineApiHash));
+  ExpectRefused(library);
+}
+
+TEST(LibraryTest, TheEngineIsOfTheVersionThatTheBuildNames) {
+  EXPECT_EQ(Engine().functions.cef_version_info(0), KZ_ENGINE_MAJOR);
 }
 
 }  // namespace

@@ -226,7 +226,9 @@ TEST_F(OutgoingCallTest, BytesGoBothWays) {
 
 // ---- once the engine has ended ----
 
-TEST_F(OutgoingCallTest, NothingIsCalledOrReleasedOnceTheEngineHasEnded) {
+using EndedEngineTest = OutgoingCallTest;
+
+TEST_F(EndedEngineTest, NothingIsCalledOrReleased) {
   Frame frame;
   {
     const CefRefPtr<CefFrame> wrapped = Rewrap<CefFrame>(frame.Give());

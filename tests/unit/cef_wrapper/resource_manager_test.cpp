@@ -2,13 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "base/request.h"
 #include "recording_cef/fake_browser.h"
+#include "recording_cef/fake_request.h"
 #include "recording_cef/recording_cef.h"
 
 namespace {
 
 using recording_cef::FakeBrowser;
+using recording_cef::FakeRequest;
 using recording_cef::RecordingCef;
 
 class CountingCallback final : public CefCallback {
@@ -54,9 +55,8 @@ class ResourceManagerTest : public testing::Test {
   ResourceManagerTest() { RecordingCef::Get().Reset(); }
 
   static CefRefPtr<CefRequest> MakeRequest(uint64_t id, const char* url) {
-    CefRefPtr<cefedition::Request> request = new cefedition::Request;
-    request->SetIdentifier(id);
-    request->SetURL(url);
+    const CefRefPtr<FakeRequest> request = new FakeRequest(url);
+    request->identifier = id;
     return request;
   }
   cef_return_value_t Load(const CefRefPtr<CefRequest>& request) {

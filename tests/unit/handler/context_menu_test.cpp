@@ -6,6 +6,7 @@
 
 #include "handler/page_menu.h"
 #include "recording_cef/fake_context_menu.h"
+#include "recording_cef/fake_menu_model.h"
 #include "unit/handler/handler_test.h"
 
 namespace kzcef {
@@ -15,14 +16,6 @@ using ::testing::_;
 using ::testing::ElementsAre;
 using testing::HandlerTest;
 using ::testing::IsEmpty;
-
-class MenuDelegate : public CefMenuModelDelegate {
- public:
-  void ExecuteCommand(CefRefPtr<CefMenuModel>, int, cef_event_flags_t) override {}
-
- private:
-  IMPLEMENT_REFCOUNTING(MenuDelegate);
-};
 
 class ContextMenuTest : public HandlerTest {
  protected:
@@ -66,7 +59,7 @@ class ContextMenuTest : public HandlerTest {
 
   const CefRefPtr<recording_cef::FakeContextMenuParams> params_ =
       new recording_cef::FakeContextMenuParams;
-  const CefRefPtr<CefMenuModel> model_ = CefMenuModel::CreateMenuModel(new MenuDelegate);
+  const CefRefPtr<recording_cef::FakeMenuModel> model_ = new recording_cef::FakeMenuModel;
   // What the owner saw.
   std::vector<int> shown_;
 };

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "base/x509_certificate.h"
 #include "certificates/real_certificates.h"
 #include "handler/certificate_information.h"
 #include "handler/posted_message.h"
@@ -17,11 +16,10 @@
 namespace kzcef {
 namespace {
 
-using cefedition::MakeX509Certificate;
-using certificates::Der;
 using certificates::kAuthority;
 using certificates::kServer;
 using certificates::kUnit;
+using certificates::MakeCertificate;
 using testing::BrowserInWindowTest;
 using testing::HandleMessages;
 using ::testing::HasSubstr;
@@ -62,8 +60,8 @@ class RealCertificatesTest : public BrowserInWindowTest {
 };
 
 TEST_F(RealCertificatesTest, AreShownAndAnswered) {
-  const CefRequestHandler::X509CertificateList offered = {
-      MakeX509Certificate({Der(kUnit)}), MakeX509Certificate({Der(kServer), Der(kAuthority)})};
+  const CefRequestHandler::X509CertificateList offered = {MakeCertificate({kUnit}),
+                                                          MakeCertificate({kServer, kAuthority})};
   const CefRefPtr<KeepingCallback> callback = new KeepingCallback();
   EXPECT_TRUE(handler_->OnSelectClientCertificate(browser_, false, "intranet.test", 443, offered,
                                                   callback));
@@ -86,8 +84,8 @@ TEST_F(RealCertificatesTest, AreShownAndAnswered) {
 }
 
 TEST_F(RealCertificatesTest, AreDescribedWithTheirChain) {
-  const std::string text = CertificateInformation(
-      MakeX509Certificate({Der(kServer), Der(kAuthority)}), CERT_STATUS_AUTHORITY_INVALID);
+  const std::string text =
+      CertificateInformation(MakeCertificate({kServer, kAuthority}), CERT_STATUS_AUTHORITY_INVALID);
   EXPECT_THAT(text, HasSubstr("<td>Subject</td><td>intranet.test</td>"));
   EXPECT_THAT(text, HasSubstr("<td>Issuer</td><td>Alpha Authority</td>"));
   EXPECT_THAT(text, HasSubstr("<td>Serial #*</td><td>AIECAwQFBgcI</td>"));
