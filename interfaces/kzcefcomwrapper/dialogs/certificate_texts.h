@@ -16,9 +16,9 @@ struct CertificateTexts {
   std::vector<CefString> expiry_dates;
 };
 
-// What a certificate lacks (and everything, where the certificate itself is null) is an empty text,
-// a date that cannot be told "Invalid". Dates are local and written as the C runtime's locale has
-// them.
+// Returns the texts of `certificates`. What a certificate lacks is an empty text, and so is
+// everything of a null certificate; a date that cannot be told is "Invalid". Dates are local and
+// written in the manner of the C runtime's locale.
 CertificateTexts TextsOf(const CefRequestHandler::X509CertificateList& certificates);
 
 }  // namespace kzcef
