@@ -1,3 +1,5 @@
+// CEF's texts and the structures that hold them: conversions, ownership and copies.
+
 #include <gtest/gtest.h>
 
 #include <string>
