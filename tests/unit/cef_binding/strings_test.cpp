@@ -1,5 +1,3 @@
-// CEF's texts and the structures that hold them: conversions, ownership and copies.
-
 #include <gtest/gtest.h>
 
 #include <string>
