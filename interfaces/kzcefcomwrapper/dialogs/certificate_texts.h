@@ -8,7 +8,7 @@
 
 namespace kzcef {
 
-// One list a column, one entry a certificate, in the order of the certificates.
+// One list per column, one entry per certificate, in the order of the certificates.
 struct CertificateTexts {
   std::vector<CefString> subjects;
   std::vector<CefString> issuers;

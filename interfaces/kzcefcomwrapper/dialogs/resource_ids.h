@@ -3,7 +3,7 @@
 #pragma once
 
 #define KZ_CERT_CHOOSER 3000
-// The number of controls that need none, which the prompt has.
+// The prompt has the number that resources give to controls which need none.
 #define KZ_CERT_CHOOSER_PROMPT (-1)
 #define KZ_CERT_CHOOSER_LIST 3000
 #define KZ_CERT_CHOOSER_INFO 3001

@@ -27,7 +27,8 @@ class HostNotifications {
  public:
   virtual ~HostNotifications() = default;
 
-  // True from the host's announcement that it is closing; then nothing may be raised any more.
+  // Returns true once the host has announced that it is closing; from then on nothing may be
+  // raised.
   virtual bool IsHostClosing() const = 0;
   // Atomically begins (true) or ends a notification, and returns whether one was under way before.
   // Beginnings and ends come in pairs; pairs of several threads may overlap.

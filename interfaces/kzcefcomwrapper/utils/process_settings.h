@@ -1,8 +1,8 @@
-// The values that hold for the whole process once the runtime was started: what the host's settings
-// said, kept for the rooms that need it later.
+// The values that apply to the whole process once the runtime has been started: what the host's
+// settings said, kept for the rooms that need it later.
 //
-// The host's thread writes them, at start-up and (the host kind) whenever the host names itself;
-// any thread may read. Every accessor returns a copy.
+// The host's thread writes them at start-up, and the host kind also whenever the host names itself;
+// any thread may read them. Every accessor returns a copy.
 #pragma once
 
 #include <functional>
