@@ -1,3 +1,5 @@
+// The loader of pages that uses CEF without the server.
+
 #include <memory>
 
 #include "cef_view.h"

@@ -1,3 +1,5 @@
+// Starts CEF, and opens browsers whose client tells of their creation, loads and closing.
+
 #include "cef_view.h"
 
 #include <windows.h>

@@ -1,3 +1,5 @@
+// Replaces the program's operator new and watches COM's allocator; each counts what it hands out.
+
 #include "heap_count.h"
 
 #include <windows.h>

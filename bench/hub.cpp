@@ -1,3 +1,5 @@
+// Turns the hub on by binding the tests' hub library while the registry is redirected.
+
 #include "hub.h"
 
 #include <stdexcept>

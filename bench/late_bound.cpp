@@ -1,3 +1,5 @@
+// Late-bound calls: the server's objects against plain ones that the platform dispatches alone.
+
 #include <windows.h>
 
 #include <comutil.h>

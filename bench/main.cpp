@@ -1,3 +1,5 @@
+// kzbench: reads the command line and runs the benchmarks that it names.
+
 #include <windows.h>
 
 #include <objbase.h>

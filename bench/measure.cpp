@@ -1,3 +1,5 @@
+// Measures something and its reference in turns, and prints their ratio.
+
 #include "measure.h"
 
 #include <algorithm>

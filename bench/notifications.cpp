@@ -1,3 +1,5 @@
+// Notifications: the way through the server's dispatchers against the bare calls on the handlers.
+
 #include <windows.h>
 
 #include <oleauto.h>

@@ -1,3 +1,5 @@
+// The benchmarks of whole pages and processes, each with the server and with CEF alone.
+
 #include <windows.h>
 
 #include <stdexcept>

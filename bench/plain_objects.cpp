@@ -1,3 +1,6 @@
+// Automation objects that do as little as their interfaces
+// allow and leave dispatching to ITypeInfo.
+
 #include "plain_objects.h"
 
 #include <oleauto.h>

@@ -1,3 +1,5 @@
+// Loads the DLL and makes objects of its classes without any registration.
+
 #include "server.h"
 
 #include <oleauto.h>

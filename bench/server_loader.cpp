@@ -1,3 +1,5 @@
+// The loader of pages that uses the server as a host does, early-bound.
+
 #include <windows.h>
 
 #include <comutil.h>

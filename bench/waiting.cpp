@@ -1,3 +1,5 @@
+// Waits for events while window messages are handled, and makes windows and folders for one run.
+
 #include "waiting.h"
 
 #include <atomic>

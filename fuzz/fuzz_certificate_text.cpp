@@ -1,4 +1,4 @@
-// What a certificate of anybody's says of itself.
+// Fuzzes the text about a certificate, which takes what anybody's certificate says.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>

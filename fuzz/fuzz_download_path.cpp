@@ -1,4 +1,4 @@
-// Where the host wants a download, and what the page calls it.
+// Fuzzes the paths of downloads, which come from hosts and pages.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <string>

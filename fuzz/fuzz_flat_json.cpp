@@ -1,4 +1,4 @@
-// Cookie texts come from hosts, and are read back from what web servers set.
+// Fuzzes the reader of flat JSON: cookie texts come from hosts, and from what web servers have set.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Header lines come from the hub installation's library.
+// Fuzzes the reader of header lines, which come from the hub installation's library.
 #include <algorithm>
 #include <cstdint>
 #include <string>

@@ -1,4 +1,5 @@
-// A lock file is written by one process and read by another, possibly after a crash in between.
+// Fuzzes the reader of lock files: one process writes them and another reads them, possibly after a
+// crash in between.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <stdexcept>

@@ -1,4 +1,4 @@
-// The sample host's command line.
+// Fuzzes the sample host's command line.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <array>

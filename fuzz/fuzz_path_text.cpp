@@ -1,4 +1,4 @@
-// Paths of programs and modules, whatever a system may call them.
+// Fuzzes the cutting of paths, whatever a system may call its programs and modules.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <set>

@@ -1,4 +1,4 @@
-// Steps files, written by hand.
+// Fuzzes the reader of steps files, which people write by hand.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>

@@ -1,4 +1,5 @@
-// Cutting, trimming and replacing, each against a slower way of its own.
+// Fuzzes splitting, trimming, replacing and reading numbers, against what must hold of the results
+// and against slower ways to the same ones.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Patterns with stars, against the textbook's table.
+// Fuzzes patterns with stars, against the table that textbooks fill.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <string>

@@ -1,4 +1,4 @@
-// The URL that the host gives back for a response.
+// Fuzzes the comparison with the URL that the host gives back for a response.
 #include <cstdint>
 #include <string>
 

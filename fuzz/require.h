@@ -1,4 +1,4 @@
-// How a fuzz target says that a property does not hold.
+// The way in which a fuzz target reports that a property does not hold.
 #pragma once
 
 #include <cstdio>
@@ -6,7 +6,7 @@
 
 namespace kzfuzz {
 
-/// Ends the run, so that the fuzzer keeps the input, unless `holds`.
+// Ends the run, so that the fuzzer keeps the input, unless `holds`.
 inline void Require(bool holds, const char* property) {
   if (holds)
     return;

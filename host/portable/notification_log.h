@@ -35,7 +35,7 @@ class NotificationLog {
   // Numbers, keeps and writes `notification`.
   void Add(Notification notification);
 
-  // Writes an object of the host's own into the events file, numbered like a notification.
+  // Writes a record of the host's own into the events file, numbered like a notification.
   void AddRecord(Json record);
 
   // Returns the first notification numbered `from` or later that is of this browser, has this name

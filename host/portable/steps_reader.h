@@ -1,4 +1,5 @@
-// Reads a steps file: JSON Lines, one object a line, "do" naming the step.
+// Reads a steps file, which is in JSON Lines: one object per line, whose member "do" names the
+// step.
 #pragma once
 
 #include <chrono>
@@ -12,8 +13,8 @@
 
 namespace kzhost {
 
-// One step, already checked: the members that the step requires are there, no others than it
-// knows are, and each is of its kind.
+// One step, already checked: it has the members that it requires and none that it does not know,
+// and each is of its kind.
 struct Step {
   int line = 0;
   Verb verb = Verb::kQuit;

@@ -1,3 +1,5 @@
+// The rows of the contract: interfaces with their members, coclasses and enumerations.
+
 #include "contract_table.h"
 
 #include <objbase.h>

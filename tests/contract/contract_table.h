@@ -38,8 +38,8 @@ struct Coclass {
   const char* default_interface;
   // Whether the server has a class object for it.
   bool is_creatable;
-  // What an object of it answers besides IUnknown and IDispatch, in one blank-separated text; the
-  // last one is what its IDispatch describes.
+  // The interfaces that an object of it has besides IUnknown and IDispatch, in one blank-separated
+  // text; the last one is what its IDispatch describes.
   const char* answers;
 };
 

@@ -1,5 +1,5 @@
-// Objects as COM sees them: which interfaces they answer, who they are, and life inside an outer
-// object.
+// Objects as COM sees them: which interfaces they have, their identity, and their life inside an
+// outer object.
 
 #include <windows.h>
 
@@ -41,7 +41,7 @@ std::vector<std::string> Answers(const Coclass& row) {
   return {std::istream_iterator<std::string>(names), {}};
 }
 
-// The identifiers of the contract's interfaces that objects of the row answer, and IDispatch.
+// The identifiers of the contract's interfaces that objects of the row have, and IDispatch.
 std::vector<IID> AnsweredIds(const Coclass& row) {
   std::vector<IID> ids{IID_IDispatch};
   for (const std::string& name : Answers(row)) {

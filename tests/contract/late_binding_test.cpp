@@ -145,7 +145,7 @@ TEST_F(LateBoundCall, AnswersMissingArguments) {
   EXPECT_TRUE(result == DISP_E_BADPARAMCOUNT || result == DISP_E_PARAMNOTOPTIONAL);
 }
 
-// What Windows and Wine answer to these is not the same, but the object adds nothing of its own.
+// Windows and Wine do not return the same for these, but the object adds nothing of its own.
 TEST_F(LateBoundCall, AnswersUnfittingArgumentsAsThePlatformDoes) {
   ComPtr<ITypeInfo> type;
   ASSERT_EQ(browser_->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.GetAddressOf()), S_OK);

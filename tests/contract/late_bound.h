@@ -15,7 +15,7 @@ namespace contract {
 // What an invocation came to.
 struct Outcome {
   HRESULT result = E_FAIL;
-  // What the member itself answered, when the result is DISP_E_EXCEPTION.
+  // What the member itself returned, when the result is DISP_E_EXCEPTION.
   HRESULT member_result = S_OK;
   UINT bad_argument = 0;
   _variant_t value;

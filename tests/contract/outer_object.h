@@ -8,11 +8,11 @@
 
 namespace contract {
 
-// Answers IUnknown itself and passes every other question on to the object inside. Lives on the
-// stack; its count tells how many references clients hold.
+// Has IUnknown itself and passes every other request for an interface on to the object inside.
+// Lives on the stack; its count tells how many references clients hold.
 class OuterObject final : public IUnknown {
  public:
-  // Creates the inner object and answers what the factory said.
+  // Creates the inner object and returns what the factory returned.
   HRESULT Aggregate(IClassFactory* factory) {
     return factory->CreateInstance(this, IID_PPV_ARGS(inner_.GetAddressOf()));
   }

@@ -1,3 +1,6 @@
+// Loads the DLL from the path that the build has set, finds its
+// exports, and makes objects through them.
+
 #include "server_library.h"
 
 #include <stdexcept>

@@ -36,8 +36,8 @@ class ServerLibrary {
 
   Microsoft::WRL::ComPtr<IClassFactory> Factory(const char* coclass) const;
 
-  // A new object of a creatable coclass, as its `Interface`; null when it cannot be made or does
-  // not answer it.
+  // A new object of a creatable coclass, as its `Interface`; null when it cannot be made or lacks
+  // that interface.
   template <typename Interface>
   Microsoft::WRL::ComPtr<Interface> Create(const char* coclass) const {
     Microsoft::WRL::ComPtr<Interface> object;

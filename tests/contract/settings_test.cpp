@@ -113,7 +113,7 @@ TEST_F(Settings, KeepEachTextApart) {
   }
   for (const auto& text : kTexts) {
     EXPECT_EQ(Get(text), text.name);
-    // And a second get answers the same.
+    // And a second get returns the same.
     EXPECT_EQ(Get(text), text.name);
   }
 }

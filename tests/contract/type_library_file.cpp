@@ -1,3 +1,6 @@
+// Reads the records of the file format in which Microsoft's and Wine's compilers write type
+// libraries, as far as members and their help strings need it.
+
 #include "type_library_file.h"
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// Whether a browser object of this library still exists, for those who hold no reference on it.
+// Tells whether a browser object of this library still exists, for those who hold no reference to
+// it.
 #pragma once
 
 #include <windows.h>

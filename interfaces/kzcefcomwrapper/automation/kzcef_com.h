@@ -31,10 +31,10 @@ class kzCefBridge;
 // not called any more, whatever a walk still holds. Any thread.
 class KZCEFCom final : public HostNotifications {
  public:
-  // The registry, made on the first call and alive until the process ends; publishes its
-  // dispatchers. Callers keep the reference for the duration of a call.
+  // Returns the registry, which is made on the first call, then publishes its dispatchers, and
+  // lives until the process ends. Callers keep the reference for the duration of a call.
   static std::shared_ptr<KZCEFCom> Get();
-  // The registry if it was made already, or null.
+  // Returns the registry if it was made already, or null.
   static std::shared_ptr<KZCEFCom> Existing();
 
   KZCEFCom() = default;
@@ -52,7 +52,7 @@ class KZCEFCom final : public HostNotifications {
   void RemoveHandlersOf(IUnknown* browser);
   bool HasHandlers() const;
 
-  // Null until InitCef succeeded.
+  // Returns null until InitCef has succeeded.
   kzCefBridge* bridge() const { return bridge_; }
   void set_bridge(kzCefBridge* bridge) { bridge_ = bridge; }
 
@@ -64,7 +64,7 @@ class KZCEFCom final : public HostNotifications {
   // Takes a browser object that is going away out of the list, and every pair with it.
   void ForgetBrowser(IUnknown* identity);
 
-  // True once InitCef ran, whatever came of it.
+  // Returns true once InitCef has run, whatever came of it.
   bool started() const { return started_; }
   void set_started() { started_ = true; }
   void ExchangeHostClosing(bool closing) { host_closing_.exchange(closing); }

@@ -25,9 +25,9 @@ class kzCefCookieVisitor final : public CefCookieVisitor {
   IMPLEMENT_REFCOUNTING(kzCefCookieVisitor);
 };
 
-// The same for a read that waits: tells with every cookie how many there are in all, and wakes the
-// waiting thread when CEF lets it go. Shares its list with that thread, so that only CEF holds the
-// visitor itself.
+// The same for a read that waits: sets with every cookie how many there are in all, and wakes the
+// waiting thread when CEF releases the visitor. Shares its list with that thread, so that only CEF
+// holds the visitor itself.
 class kzCefCookieVisitorSync final : public CefCookieVisitor {
  public:
   kzCefCookieVisitorSync(CefRefPtr<CefWaitableEvent> event, std::shared_ptr<CookieTexts> texts);

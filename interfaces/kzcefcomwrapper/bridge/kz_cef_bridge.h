@@ -54,10 +54,10 @@ class kzCefBridge {
   virtual kzCefInstance* GetInstance() = 0;
   virtual void SetInstance(kzCefInstance* instance) = 0;
   // Cookies are those of CEF's global store. What the reads return belongs to the caller: a
-  // one-dimensional SAFEARRAY of BSTR from index 0, one cookie text (cookie_text.h) an element, or
-  // VT_EMPTY without any. A language cookie among what is read or written sets CookieLanguage.
-  // These operations throw: std::out_of_range "invalid map<K, T> key", and errors for want of
-  // memory or a thread.
+  // one-dimensional SAFEARRAY of BSTR from index 0, with one cookie text (cookie_text.h) per
+  // element, or VT_EMPTY without any. A language cookie among what is read or written sets
+  // CookieLanguage. These operations throw: std::out_of_range "invalid map<K, T> key", and errors
+  // for want of memory or a thread.
 
   // To be called before the two operations below, which without it find and set nothing.
   virtual void PrepareCookieAccess() = 0;

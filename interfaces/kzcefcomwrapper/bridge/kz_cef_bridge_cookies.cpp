@@ -24,7 +24,7 @@ constexpr int kWaitMilliseconds = 100;
 struct Visit {
   // The caller's text.
   const wchar_t* url = nullptr;
-  // Kept until the next read: cookies may still come after this one has answered.
+  // Kept until the next read: cookies may still come after this one has returned.
   CefRefPtr<kzCefCookieVisitor> target;
 };
 Visit g_visit;

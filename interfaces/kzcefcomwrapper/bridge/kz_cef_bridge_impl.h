@@ -53,7 +53,7 @@ class kzCefBridgeImpl final : public kzCefBridge {
   CefRefPtr<CefCookieManager> cookie_manager_;
 };
 
-// The one bridge, from the loading of the library to its unloading.
+// Returns the one bridge, which lives from the loading of the library to its unloading.
 kzCefBridgeImpl& BridgeSingleton();
 
 }  // namespace kzcef

@@ -15,10 +15,10 @@ class ModuleLock {
   static long Count() noexcept;
 };
 
-// The module that this code is linked into: the DLL, or a test program.
+// Returns the module that this code is linked into: the DLL, or a test program.
 HINSTANCE ModuleInstance() noexcept;
 
-// The full path of that module, of any length. Empty when the system does not supply it.
+// Returns the full path of that module, of any length. Empty when the system does not supply it.
 std::wstring ModulePath();
 
 // The switch to the DLL's own state that COM members and exports make on entry (member.h): inside
@@ -32,7 +32,7 @@ class ModuleStateScope {
   ModuleStateScope(const ModuleStateScope&) = delete;
   ModuleStateScope& operator=(const ModuleStateScope&) = delete;
 
-  // The module that dialogs and strings are loaded from: the DLL inside a scope, the host's
+  // Returns the module that dialogs and strings are loaded from: the DLL inside a scope, the host's
   // executable outside.
   static HINSTANCE ResourceModule() noexcept;
 

@@ -1,3 +1,5 @@
+// Shows the chooser's dialog under the library's own module state, and lets no error out.
+
 #include "dialogs/certificate_chooser.h"
 
 #include "com/module.h"

@@ -9,10 +9,10 @@
 
 namespace kzcef {
 
-// Lets the user choose for `site_text`, the server that asks for a certificate, in a dialog that is
-// modal to `main_window`. Answers the place of the chosen certificate in the list, or -1 for none:
-// Cancel, a closed window, an empty list. No value when nothing was shown: without a main window,
-// or after an error, which ends here. Runs the dialog's message loop on the calling thread, the
+// Lets the user choose a certificate for the server `site_text`, in a dialog that is modal to
+// `main_window`. Returns the index of the chosen certificate, or -1 for none: Cancel, a closed
+// window, an empty list. Returns no value when nothing was shown: without a main window, or after
+// an error, which ends here. Runs the dialog's message loop on the calling thread, which is the
 // host's.
 std::optional<int> ChooseCertificate(
     HWND main_window,

@@ -1,3 +1,5 @@
+// Takes from each certificate the names, the serial number and the local date of its expiry.
+
 #include "dialogs/certificate_texts.h"
 
 #include <array>

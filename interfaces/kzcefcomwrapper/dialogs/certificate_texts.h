@@ -8,7 +8,7 @@
 
 namespace kzcef {
 
-// One list a column, one entry a certificate, in the order of the certificates.
+// One list per column, one entry per certificate, in the order of the certificates.
 struct CertificateTexts {
   std::vector<CefString> subjects;
   std::vector<CefString> issuers;
@@ -16,9 +16,9 @@ struct CertificateTexts {
   std::vector<CefString> expiry_dates;
 };
 
-// What a certificate lacks (and everything, where the certificate itself is null) is an empty text,
-// a date that cannot be told "Invalid". Dates are local and written as the C runtime's locale has
-// them.
+// Returns the texts of `certificates`. What a certificate lacks is an empty text, and so is
+// everything of a null certificate; a date that cannot be told is "Invalid". Dates are local and
+// written in the manner of the C runtime's locale.
 CertificateTexts TextsOf(const CefRequestHandler::X509CertificateList& certificates);
 
 }  // namespace kzcef

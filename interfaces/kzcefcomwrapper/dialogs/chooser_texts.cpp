@@ -1,3 +1,6 @@
+// Formats the chooser's texts without the C runtime's
+// formatting: the prompt comes from a translation.
+
 #include "dialogs/chooser_texts.h"
 
 namespace kzcef {

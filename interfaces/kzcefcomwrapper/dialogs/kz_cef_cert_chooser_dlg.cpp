@@ -1,3 +1,6 @@
+// The dialog's procedure: fills the list of certificates when the dialog opens
+// and reads the selection when the user presses OK.
+
 #include "dialogs/kz_cef_cert_chooser_dlg.h"
 
 #include <commctrl.h>
@@ -19,7 +22,7 @@ constexpr std::array<UINT, 4> kColumns = {KZ_COLUMN_SUBJECT, KZ_COLUMN_ISSUER,
 // Empty when there is none.
 std::wstring ResourceText(UINT identifier) {
   const wchar_t* text = nullptr;
-  // With a length of 0 it answers where the text stands in the resources, without a terminator.
+  // With a length of 0 it returns where the text stands in the resources, without a terminator.
   const int length = LoadStringW(ModuleStateScope::ResourceModule(), identifier,
                                  reinterpret_cast<LPWSTR>(&text), 0);
   return {text, static_cast<size_t>(length)};

@@ -20,27 +20,27 @@ class kzCefCertChooserDlg {
   kzCefCertChooserDlg(const kzCefCertChooserDlg&) = delete;
   kzCefCertChooserDlg& operator=(const kzCefCertChooserDlg&) = delete;
 
-  // What the dialog is to show: the server that asks (may be null, then the prompt names none) and
-  // one text a certificate in each of the lists. Copies all of it.
+  // Sets what the dialog is to show: the server that asks (null: the prompt names none) and one
+  // text per certificate in each of the lists. Copies all of it.
   void SetCertificateTexts(const CefString* site_text,
                            const std::vector<CefString>& subjects,
                            const std::vector<CefString>& issuers,
                            const std::vector<CefString>& serial_numbers,
                            const std::vector<CefString>& expiry_dates);
 
-  // Shows the dialog until the user ends it, and answers IDOK or IDCANCEL; anything else when it
-  // could not be shown or its parent was destroyed. Throws what stood in the way of filling it,
-  // such as no memory.
+  // Shows the dialog until the user ends it, and returns IDOK or IDCANCEL; anything else when it
+  // could not be shown or its parent was destroyed. Throws the error that kept it from being
+  // filled, such as std::bad_alloc.
   INT_PTR DoModal();
 
-  // The certificate chosen with OK: its place in the lists. -1 before that, and with empty lists.
-  // The contract is a 32-bit number.
+  // Returns the index of the certificate that was chosen with OK; -1 before that, and with empty
+  // lists. By contract a 32-bit number.
   std::int32_t chosen_index() const { return chosen_index_; }
 
  private:
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
-  // Answers whether Windows is to choose the focus.
+  // Returns whether Windows is to choose the focus.
   bool OnInitDialog();
   void OnOK();
   void InsertColumns();

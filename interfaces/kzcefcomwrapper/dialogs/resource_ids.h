@@ -1,9 +1,9 @@
-// Numbers of the dialogs' resources, for the resource compiler, too. Hosts and their tests know
+// Numbers of the dialogs' resources, also for the resource compiler. Hosts and their tests know
 // them: none may change.
 #pragma once
 
 #define KZ_CERT_CHOOSER 3000
-// The prompt has the number that controls without one have.
+// The prompt has the number that resources give to controls which need none.
 #define KZ_CERT_CHOOSER_PROMPT (-1)
 #define KZ_CERT_CHOOSER_LIST 3000
 #define KZ_CERT_CHOOSER_INFO 3001

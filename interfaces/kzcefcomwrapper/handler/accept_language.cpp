@@ -1,3 +1,5 @@
+// Compares the engine's preference with the host's list and writes it only where they differ.
+
 #include "handler/accept_language.h"
 
 #include "include/cef_request_context.h"

@@ -3,9 +3,9 @@
 
 namespace kzcef {
 
-// Makes the preference "intl.accept_languages" of the global request context, and so of every
-// browser of the process, the list of the host's settings, an empty one too. Leaves it alone for a
-// known kind of host that gave a list. A failure is ignored. UI thread.
+// Sets the preference "intl.accept_languages" of the global request context, and so of every
+// browser of the process, to the list of the host's settings, even an empty one. Leaves it alone
+// for a known kind of host that gave a list. A failure is ignored. UI thread.
 void AlignAcceptLanguages();
 
 }  // namespace kzcef

@@ -1,4 +1,4 @@
-// Letter case as URLs and media types have it.
+// Letter case as URLs and media types define it.
 #pragma once
 
 #include <algorithm>
@@ -6,7 +6,7 @@
 
 namespace kzcef {
 
-// `text` with the letters A to Z in lower case; every other byte stays.
+// Returns `text` with the letters A to Z in lower case; every other byte stays.
 inline std::string LowerAscii(std::string text) {
   std::ranges::transform(text, text.begin(), [](char character) {
     return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')

@@ -8,8 +8,8 @@
 
 namespace kzcef {
 
-// Owns the duty to answer: what ends without having continued the request cancels it, so that no
-// request waits for ever, whatever goes wrong on the way. Any thread.
+// Owns the duty to answer: an object that is destroyed without having continued the request cancels
+// it, so that no request waits for ever, whatever goes wrong on the way. Any thread.
 class AuthAnswer {
  public:
   explicit AuthAnswer(CefRefPtr<CefAuthCallback> callback) : callback_(std::move(callback)) {}
@@ -22,7 +22,7 @@ class AuthAnswer {
     }
   }
 
-  // Once at most.
+  // Called once at most.
   void Continue(const CefString& username, const CefString& password) {
     if (const CefRefPtr<CefAuthCallback> callback = std::exchange(callback_, nullptr)) {
       callback->Continue(username, password);

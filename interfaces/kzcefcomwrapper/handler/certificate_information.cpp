@@ -1,3 +1,5 @@
+// Reads CEF's certificate into the plain values of which certificate_text.h makes a text.
+
 #include "handler/certificate_information.h"
 
 #include <ctime>

@@ -7,7 +7,8 @@
 
 namespace kzcef {
 
-// The text of certificate_text.h about `certificate`, in UTF-8; empty without one. Any thread.
+// Returns the text of certificate_text.h about `certificate`, in UTF-8; empty without a
+// certificate. Any thread.
 std::string CertificateInformation(const CefRefPtr<CefX509Certificate>& certificate,
                                    cef_cert_status_t status);
 

@@ -1,3 +1,5 @@
+// Asks the user in the chooser's dialog, and gives CEF the chosen certificate once.
+
 #include "handler/certificate_request.h"
 
 #include <utility>

@@ -8,8 +8,8 @@ namespace kzcef {
 
 class CertificateRequest final : public ParkedRequest {
  public:
-  // `site` is the asking server as the user is told of it. `handler` is kept, so that the address
-  // in the message to the host leads here for as long as the request waits, whatever becomes of the
+  // `site` names the asking server to the user. `handler` is kept, so that the address in the
+  // message to the host leads here for as long as the request waits, whatever becomes of the
   // browser.
   CertificateRequest(CefRefPtr<kzCefClientHandler> handler,
                      const CefString& site,
@@ -17,8 +17,8 @@ class CertificateRequest final : public ParkedRequest {
                      CefRefPtr<CefSelectClientCertificateCallback> callback);
 
   std::optional<int> Ask(HWND main_window) noexcept override;
-  // Answers CEF with the certificate at that place of this request's own list, and with none where
-  // there is no such place. A request that is freed without this lets CEF go on with none, too.
+  // Gives CEF the certificate at index `choice` of this request's own list, or none where there is
+  // no such index. When a request is freed without an answer, CEF goes on with no certificate, too.
   void Answer(int choice) noexcept override;
 
  private:

@@ -1,3 +1,5 @@
+// Writes the rows of the table. Plain values and texts only, so that any certificate can be tried.
+
 #include "handler/certificate_text.h"
 
 #include <algorithm>

@@ -32,8 +32,8 @@ using CertificateTime = std::variant<CalendarTime, NoTime>;
 // Bytes as base64; nothing where a certificate has none.
 using Base64 = std::optional<std::string>;
 
-// What the text says. Names are UTF-8 and empty where a certificate has none; they go into the text
-// as they are.
+// What the text is made of. Names are UTF-8 and empty where a certificate has none; they go into
+// the text as they are.
 struct CertificateValues {
   // CEF's flags, 0 for a certificate that nothing is said about.
   uint32_t status = 0;
@@ -42,20 +42,20 @@ struct CertificateValues {
   Base64 serial_number;
   CertificateTime valid_start = NoTime::kUnspecified;
   CertificateTime valid_expiry = NoTime::kUnspecified;
-  // One entry a certificate of the chain.
+  // One entry per certificate of the chain.
   std::vector<Base64> der_chain;
   std::vector<Base64> pem_chain;
 };
 
-// The names of the flags that are set in `status`, in ascending order of their bits, each with
-// "<br/>" behind it; "&nbsp;" when none of those that are set has a name.
+// Returns the names of the flags that are set in `status`, in ascending order of their bits, each
+// followed by "<br/>"; "&nbsp;" when none of the set flags has a name.
 std::string CertificateStatusText(uint32_t status);
 
-// "March 7, 2024 09:05:00" for a time, "Invalid" or "Unspecified" for none. A month that does not
-// exist has the name "Invalid".
+// Returns a text such as "March 7, 2024 09:05:00" for a time, "Invalid" or "Unspecified" for none.
+// A month that does not exist has the name "Invalid".
 std::string CertificateTimeText(const CertificateTime& time);
 
-// The whole text, an HTML table in UTF-8.
+// Returns the whole text, an HTML table in UTF-8.
 std::string CertificateText(const CertificateValues& values);
 
 }  // namespace kzcef

@@ -1,3 +1,5 @@
+// Passes a favicon on to whoever owns the client handler by then.
+
 #include "handler/client_download_image_callback.h"
 
 #include <utility>

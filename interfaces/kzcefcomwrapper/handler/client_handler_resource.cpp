@@ -14,7 +14,7 @@ namespace kzcef {
 namespace {
 
 // RaiseContained for notifications that come with every request: without any handler in the process
-// `raise` is not called, so that no text is made for nobody.
+// `raise` is not called, so that no text is made in vain.
 template <typename Raise>
 void RaiseIfHeard(const CefRefPtr<CefBrowser>& browser, Raise&& raise) noexcept {
   RaiseContained(browser, [&](HostNotifications& host, HWND window) {

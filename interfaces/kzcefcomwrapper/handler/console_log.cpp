@@ -1,3 +1,6 @@
+// Reads the switch once, and opens the log for each record anew and shared, so that others can use
+// the file while the host runs.
+
 #include "handler/console_log.h"
 
 #include <windows.h>

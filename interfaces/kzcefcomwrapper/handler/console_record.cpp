@@ -1,3 +1,5 @@
+// Writes the lines of one record in the form that readers of the log know.
+
 #include "handler/console_record.h"
 
 namespace kzcef {

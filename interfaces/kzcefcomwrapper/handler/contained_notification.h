@@ -1,4 +1,4 @@
-// What a callback of CEF runs: CEF's frames cannot be unwound, so no error leaves one.
+// Keeps errors inside callbacks of CEF, whose frames an exception must not unwind.
 #pragma once
 
 #include <utility>
@@ -7,7 +7,8 @@
 
 namespace kzcef {
 
-// Answers what `body` does, or `otherwise` when it throws (no memory for a text, above all).
+// Returns what `body` returns, or `otherwise` when it throws (above all when there is no memory for
+// a text).
 template <typename Body, typename Answer>
 Answer Contained(Body&& body, Answer otherwise) noexcept {
   try {
@@ -17,7 +18,7 @@ Answer Contained(Body&& body, Answer otherwise) noexcept {
   }
 }
 
-// The same for a body without an answer.
+// The same for a body without a result.
 template <typename Body>
 void Contained(Body&& body) noexcept {
   Contained(
@@ -28,8 +29,8 @@ void Contained(Body&& body) noexcept {
       false);
 }
 
-// RaiseNotification whose error ends here, so that the callback goes on with what its variables
-// hold. Answers whether the notification went through.
+// RaiseNotification, but errors end here, so that the callback goes on with what its variables
+// hold. Returns whether the notification went through.
 template <typename Raise>
 bool RaiseContained(const CefRefPtr<CefBrowser>& browser, Raise&& raise) noexcept {
   return Contained([&] { return RaiseNotification(browser, std::forward<Raise>(raise)); }, false);

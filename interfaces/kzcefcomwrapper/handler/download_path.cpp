@@ -1,3 +1,5 @@
+// Cuts and joins the paths of downloads, for both kinds of text.
+
 #include "handler/download_path.h"
 
 #include <cstddef>

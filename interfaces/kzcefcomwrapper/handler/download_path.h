@@ -1,4 +1,4 @@
-// Where a download goes, as texts. The same rules hold for narrow and wide ones.
+// Where a download goes, worked out on texts alone. The same rules hold for narrow and wide texts.
 #pragma once
 
 #include <string>
@@ -6,26 +6,26 @@
 
 namespace kzcef {
 
-// The path of the file `name` in the Downloads folder; empty when `folder` is, which stands for a
-// folder that could not be obtained.
+// Returns the path of the file `name` in the Downloads folder `folder`; empty when `folder` is
+// empty, because it could not be obtained.
 template <typename Char>
 std::basic_string<Char> DefaultDownloadPath(std::basic_string_view<Char> folder,
                                             std::basic_string_view<Char> name);
 
-// The folder part of `path`: what stands before its last "\", or all of it when it ends with one.
-// Empty, which is no folder, for a name alone.
+// Returns the folder part of `path`: what comes before its last "\", or all of it when it ends with
+// one. Empty, which is no folder, for a name alone.
 template <typename Char>
 std::basic_string_view<Char> DownloadFolderOf(std::basic_string_view<Char> path);
 
-// The path at which a download continues: `wanted`, the host's, as far as its first null, if
+// Returns the path at which a download continues: `wanted`, the host's, up to its first null, if
 // `is_folder` (a predicate over a text) is true of its folder part; `default_path` otherwise.
 // `is_folder` is not asked about an empty text.
 template <typename Char, typename Predicate>
 std::basic_string<Char> ChosenDownloadPath(std::basic_string_view<Char> wanted,
                                            std::basic_string_view<Char> default_path,
                                            Predicate&& is_folder) {
-  // Files are opened by texts that end there; the folder that is looked at and the path that is
-  // used must not be two.
+  // Files are opened by texts that end there; the folder that is checked and the path that is used
+  // must not differ.
   const std::basic_string_view<Char> path = wanted.substr(0, wanted.find(Char('\0')));
   const std::basic_string<Char> folder(DownloadFolderOf(path));
   return std::basic_string<Char>(!folder.empty() && is_folder(folder) ? path : default_path);

@@ -1,3 +1,5 @@
+// Asks the shell for the folder through a pointer, so that tests can take the shell's place.
+
 #include "handler/downloads_folder.h"
 
 #include <knownfolders.h>

@@ -9,14 +9,14 @@
 
 namespace kzcef {
 
-// The path of the user's Downloads folder without a "\" at its end; empty when the system does not
-// tell. Any thread.
+// Returns the path of the user's Downloads folder without a "\" at its end; empty when the system
+// does not supply it. Any thread.
 std::wstring DownloadsFolder();
 
 using GetKnownFolderPathFunction = decltype(&SHGetKnownFolderPath);
 
-// Puts `function` in the place of SHGetKnownFolderPath, for the whole process; null puts it back.
-// For programs in which the folder must lie elsewhere, or nowhere.
+// Replaces SHGetKnownFolderPath by `function` for the whole process; null restores it. For programs
+// in which the folder must lie elsewhere, or nowhere.
 void ReplaceGetKnownFolderPath(GetKnownFolderPathFunction function);
 
 }  // namespace kzcef

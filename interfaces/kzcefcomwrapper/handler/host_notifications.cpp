@@ -1,3 +1,5 @@
+// Holds the published dispatchers in one atomic pointer, which the engine's threads read.
+
 #include "handler/host_notifications.h"
 
 #include <atomic>

@@ -16,8 +16,8 @@
 
 namespace kzcef {
 
-// One dispatcher a notification. Each finds the host handlers registered for the browser whose host
-// window is `window` and calls them synchronously on the calling thread, in ascending order of
+// One dispatcher per notification. Each finds the host handlers registered for the browser whose
+// host window is `window` and calls them synchronously on the calling thread, in ascending order of
 // their pointers. Out-arguments are the caller's variables: every handler sees what the one before
 // it wrote, and with no handler they keep their values (but see BeforePopupNotify). BSTR pointers
 // are in/out as in automation: never null themselves, and a handler may free and replace the text.
@@ -27,13 +27,14 @@ class HostNotifications {
  public:
   virtual ~HostNotifications() = default;
 
-  // True from the host's announcement that it is closing; then nothing may be raised any more.
+  // Returns true once the host has announced that it is closing; from then on nothing may be
+  // raised.
   virtual bool IsHostClosing() const = 0;
-  // Atomically begins (true) or ends a notification, and answers whether one was under way before.
+  // Atomically begins (true) or ends a notification, and returns whether one was under way before.
   // Beginnings and ends come in pairs; pairs of several threads may overlap.
   virtual bool ExchangeProcessing(bool processing) = 0;
-  // Whether any handler serves any browser: what comes with every request of a
-  // page need not be prepared for nobody.
+  // Returns whether any handler serves any browser. If not, callbacks save themselves the
+  // preparation of what comes with every request of a page.
   virtual bool IsAnyoneListening() const = 0;
 
   virtual void AddressChangeNotify(HWND window, const std::wstring& new_address) = 0;
@@ -47,7 +48,7 @@ class HostNotifications {
                                     BSTR* download_path_name,
                                     VARIANT_BOOL* can_be_downloaded,
                                     VARIANT_BOOL* show_save_as_dialog) = 0;
-  // `popup` comes back as the PopupUserBrowser flag of the last browser examined, unless a matching
+  // `popup` ends up as the PopupUserBrowser flag of the last browser examined, unless a matching
   // handler wrote it after that.
   virtual void BeforePopupNotify(HWND window,
                                  const std::wstring& url,
@@ -91,7 +92,7 @@ class HostNotifications {
                                       long resource_type) = 0;
 };
 
-// The published dispatchers, or null while no registry exists. Any thread.
+// Returns the published dispatchers, or null while no registry exists. Any thread.
 std::shared_ptr<HostNotifications> CurrentHostNotifications();
 // Publishes (or, with null, withdraws) the dispatchers. Any thread.
 void PublishHostNotifications(std::shared_ptr<HostNotifications> notifications);
@@ -99,7 +100,7 @@ void PublishHostNotifications(std::shared_ptr<HostNotifications> notifications);
 // Raises one notification for `browser`: nothing without a browser (CEF has none for a service
 // worker's requests) or dispatchers, or once the host is closing; otherwise calls
 // `raise(HostNotifications&, HWND)` with the browser's host window, with the processing flag set
-// for exactly that time, also when `raise` throws. Answers whether `raise` was called.
+// for exactly that time, also when `raise` throws. Returns whether `raise` was called.
 template <typename Raise>
 bool RaiseNotification(const CefRefPtr<CefBrowser>& browser, Raise&& raise) {
   const std::shared_ptr<HostNotifications> host = CurrentHostNotifications();

@@ -1,4 +1,4 @@
-// What a client handler needs in order to hand a request over to the host's thread.
+// The interface through which a client handler hands a request over to the host's thread.
 #pragma once
 
 #include <windows.h>
@@ -20,9 +20,9 @@ class HostThreadDispatcher : public virtual CefBaseRefCounted {
   // Grows by one with each request that is parked anew, from 1 on; 0 means that none was.
   using Identifier = std::uintptr_t;
 
-  // Whether any request, of whatever key, waits to be finished.
+  // Returns whether any request, of whatever key, waits to be finished.
   virtual bool HasPendingWork() = 0;
-  // Parks `request` and answers its identifier; 0 when a request with the same `key` (UTF-8) is
+  // Parks `request` and returns its identifier; 0 when a request with the same `key` (UTF-8) is
   // pending, which this one then joins.
   virtual Identifier ParkRequest(const std::string& key,
                                  std::unique_ptr<ParkedRequest> request) = 0;
@@ -30,7 +30,7 @@ class HostThreadDispatcher : public virtual CefBaseRefCounted {
   // nothing is posted, and the request stays parked.
   virtual void PostToMainWindow(Identifier identifier, const kzCefClientHandler* handler) = 0;
   // Finishes a request and those that have joined it. Runs the user's dialog meanwhile, without any
-  // lock. Nothing for an identifier that is unknown, or whose dialog is open already. Host's
+  // lock. Does nothing for an identifier that is unknown, or whose dialog is open already. Host's
   // thread.
   virtual void ProcessRequest(Identifier identifier) = 0;
 };

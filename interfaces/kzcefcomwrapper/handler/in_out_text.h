@@ -10,7 +10,7 @@
 
 namespace kzcef {
 
-// Owns the BSTR behind an in/out argument; a handler may free and replace it, by null too.
+// Owns the BSTR behind an in/out argument; a handler may free and replace it, also by null.
 class InOutText {
  public:
   // Throws _com_error with E_OUTOFMEMORY.

@@ -1,3 +1,6 @@
+// Creates the provider's object, calls its one member late-bound and reads user name and password
+// from the flat JSON that it returns. Secrets are wiped before their memory is freed.
+
 #include "handler/kz_async_proxy_handler.h"
 
 #include <windows.h>
@@ -36,8 +39,8 @@ const wchar_t* ProviderOf(const std::wstring& host_kind) {
   return kOtherProvider;
 }
 
-// COM for as long as it is needed. CEF's UI thread has it as a rule, and then this changes nothing;
-// but CEF does not promise it.
+// Initialises COM for as long as it is needed. CEF's UI thread usually has it already, and then
+// this changes nothing; but CEF does not promise it.
 class ComScope {
  public:
   ComScope() : initialized_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}

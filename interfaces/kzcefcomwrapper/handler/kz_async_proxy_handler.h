@@ -7,15 +7,15 @@
 namespace kzcef {
 
 // A task for CEF's UI thread: asks the provider, a COM object in this process, and answers the
-// request with the user name and the password that it tells. Whatever fails, and a task that never
-// runs, cancels the request. Nothing of what the provider tells is traced or kept.
+// request with the user name and the password that it supplies. The request is cancelled when
+// anything fails and when the task never runs. Nothing that the provider says is traced or kept.
 class KzAsyncProxyHandler : public CefTask {
  public:
   explicit KzAsyncProxyHandler(AuthAnswer&& answer);
   KzAsyncProxyHandler(const KzAsyncProxyHandler&) = delete;
   KzAsyncProxyHandler& operator=(const KzAsyncProxyHandler&) = delete;
 
-  // Once.
+  // Called once.
   void Execute() override;
 
  private:

@@ -1,3 +1,6 @@
+// The client handler itself: its owner, its dispatcher, and the getters by which CEF finds the
+// handlers. Each group of callbacks has a file client_handler_*.cpp of its own.
+
 #include "handler/kz_cef_client_handler.h"
 
 #include <utility>

@@ -16,11 +16,11 @@
 namespace kzcef {
 
 // Turns CEF's browser-process callbacks into calls on its owner (the delegate), notifications for
-// the host's handlers, and decisions answered to CEF. A missing delegate, a missing host or one
+// the host's handlers, and decisions that CEF asks for. A missing delegate, a missing host or one
 // that is closing is never an error: that part of a callback is left out.
 //
-// Callbacks arrive on CEF's UI thread, those of CefResourceRequestHandler, the getter of one and
-// the request for credentials on its IO thread. No error leaves a callback.
+// Callbacks arrive on CEF's UI thread; those of CefResourceRequestHandler, its getter and the
+// request for credentials on CEF's IO thread. No error leaves a callback.
 class kzCefClientHandler : public CefClient,
                            public CefContextMenuHandler,
                            public CefDisplayHandler,
@@ -59,27 +59,27 @@ class kzCefClientHandler : public CefClient,
   kzCefClientHandler(const kzCefClientHandler&) = delete;
   kzCefClientHandler& operator=(const kzCefClientHandler&) = delete;
 
-  // Asks CEF for a browser with this client; the browser arrives in OnAfterCreated. False when CEF
-  // does not take the request. Any thread of the browser process.
+  // Asks CEF for a browser with this client; the browser arrives in OnAfterCreated. Returns false
+  // when CEF does not take the request. Any thread of the browser process.
   bool CreateBrowser(const CefWindowInfo& window_info,
                      const CefBrowserSettings& settings,
                      const CefString& url);
 
-  // The owner, or null. Any thread.
+  // Returns the owner, or null. Any thread.
   Delegate* delegate() const { return delegate_; }
   // Makes `delegate` the owner from the next callback on. Any thread.
   void SetDelegate(Delegate* delegate) { delegate_ = delegate; }
-  // Stops calling `delegate`; nothing when another one has become the owner meanwhile. Any thread.
-  // A call already on its way on the UI thread is not waited for.
+  // Stops calling `delegate`; does nothing when another one has become the owner meanwhile. Any
+  // thread. A call already on its way on the UI thread is not waited for.
   void DetachDelegate(Delegate* delegate);
 
-  // What parks the requests that need the host's thread, null at first. Set once, before the first
-  // browser is asked for.
+  // The object that parks the requests which need the host's thread; null at first. Set once,
+  // before the first browser is asked for.
   CefRefPtr<HostThreadDispatcher> dispatcher() const { return dispatcher_; }
   void SetDispatcher(CefRefPtr<HostThreadDispatcher> dispatcher);
 
-  // Installs `handler` on the message router and keeps it until the last browser has closed. False,
-  // and `handler` is freed, while there is no browser. UI thread.
+  // Installs `handler` on the message router and keeps it until the last browser has closed. While
+  // there is no browser, frees `handler` and returns false. UI thread.
   bool AddMessageHandler(std::unique_ptr<CefMessageRouterBrowserSide::Handler> handler);
 
   bool creation_flag() const { return creation_flag_; }
@@ -109,8 +109,8 @@ class kzCefClientHandler : public CefClient,
   CefRefPtr<CefLifeSpanHandler> GetLifeSpanHandler() override;
   CefRefPtr<CefLoadHandler> GetLoadHandler() override;
   CefRefPtr<CefRequestHandler> GetRequestHandler() override;
-  // True for what the message router takes; false for every other message, the renderer's report on
-  // the focused node included.
+  // Returns true for what the message router takes; false for every other message, the renderer's
+  // report on the focused node included.
   bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser,
                                 CefRefPtr<CefFrame> frame,
                                 CefProcessId source_process,
@@ -122,7 +122,7 @@ class kzCefClientHandler : public CefClient,
                            CefRefPtr<CefFrame> frame,
                            CefRefPtr<CefContextMenuParams> params,
                            CefRefPtr<CefMenuModel> model) override;
-  // True for the handler's own commands, those without an action included.
+  // Returns true for the handler's own commands, those without an action included.
   bool OnContextMenuCommand(CefRefPtr<CefBrowser> browser,
                             CefRefPtr<CefFrame> frame,
                             CefRefPtr<CefContextMenuParams> params,
@@ -130,7 +130,7 @@ class kzCefClientHandler : public CefClient,
                             EventFlags event_flags) override;
 
   // CefDisplayHandler
-  // The owner hears of the main frame's address, the host of every frame's.
+  // The owner is told of the main frame's address, the host of every frame's.
   void OnAddressChange(CefRefPtr<CefBrowser> browser,
                        CefRefPtr<CefFrame> frame,
                        const CefString& url) override;
@@ -138,7 +138,7 @@ class kzCefClientHandler : public CefClient,
   void OnFaviconURLChange(CefRefPtr<CefBrowser> browser,
                           const std::vector<CefString>& icon_urls) override;
   void OnFullscreenModeChange(CefRefPtr<CefBrowser> browser, bool fullscreen) override;
-  // Always false: CEF writes the message to its own log as well.
+  // Always returns false: CEF writes the message to its own log as well.
   bool OnConsoleMessage(CefRefPtr<CefBrowser> browser,
                         cef_log_severity_t level,
                         const CefString& message,
@@ -151,7 +151,7 @@ class kzCefClientHandler : public CefClient,
                       const CefCursorInfo& custom_cursor_info) override;
 
   // CefDownloadHandler
-  // Without the host's leave the callback is left alone, so CEF drops the download.
+  // Without the host's permission the callback is left alone, and CEF saves the download nowhere.
   void OnBeforeDownload(CefRefPtr<CefBrowser> browser,
                         CefRefPtr<CefDownloadItem> download_item,
                         const CefString& suggested_name,
@@ -161,7 +161,7 @@ class kzCefClientHandler : public CefClient,
                          CefRefPtr<CefDownloadItemCallback> callback) override;
 
   // CefDragHandler
-  // Always false: what is dragged may enter the page.
+  // Always returns false: what is dragged may enter the page.
   bool OnDragEnter(CefRefPtr<CefBrowser> browser,
                    CefRefPtr<CefDragData> drag_data,
                    DragOperationsMask mask) override;
@@ -171,20 +171,20 @@ class kzCefClientHandler : public CefClient,
 
   // CefFocusHandler
   void OnTakeFocus(CefRefPtr<CefBrowser> browser, bool next) override;
-  // Always false: the browser may have the focus.
+  // Always returns false: the browser may have the focus.
   bool OnSetFocus(CefRefPtr<CefBrowser> browser, FocusSource source) override;
 
   // CefKeyboardHandler
-  // The host hears of keys pressed outside editable fields. True when it handled one, which then
-  // does not reach the page.
+  // The host is told of keys pressed outside editable fields. Returns true when it handled the key,
+  // which then does not reach the page.
   bool OnPreKeyEvent(CefRefPtr<CefBrowser> browser,
                      const CefKeyEvent& event,
                      CefEventHandle os_event,
                      bool* is_keyboard_shortcut) override;
 
   // CefLifeSpanHandler
-  // True cancels the popup: the host refused it or had the URL opened elsewhere, or it was a blank
-  // window, which stands for a wish to print the opener.
+  // Returns true to cancel the popup: the host refused it or had the URL opened elsewhere, or it
+  // was a blank window, which stands for a wish to print the opener.
   bool OnBeforePopup(CefRefPtr<CefBrowser> browser,
                      CefRefPtr<CefFrame> frame,
                      const CefString& target_url,
@@ -219,7 +219,7 @@ class kzCefClientHandler : public CefClient,
                    const CefString& failed_url) override;
 
   // CefRequestHandler
-  // True cancels the navigation: the host wants it so.
+  // Returns true to cancel the navigation, when the host wants that.
   bool OnBeforeBrowse(CefRefPtr<CefBrowser> browser,
                       CefRefPtr<CefFrame> frame,
                       CefRefPtr<CefRequest> request,
@@ -233,8 +233,8 @@ class kzCefClientHandler : public CefClient,
       bool is_download,
       const CefString& request_initiator,
       bool& disable_default_handling) override;
-  // Proxies only. True when `callback` was answered or will be, which is in every case; false
-  // leaves the challenge of a server to CEF. IO thread.
+  // Returns true for a proxy, and `callback` is answered then or later in every case. Returns false
+  // for a server, whose challenge is left to CEF. IO thread.
   bool GetAuthCredentials(CefRefPtr<CefBrowser> browser,
                           const CefString& origin_url,
                           bool is_proxy,
@@ -243,16 +243,16 @@ class kzCefClientHandler : public CefClient,
                           const CefString& realm,
                           const CefString& scheme,
                           CefRefPtr<CefAuthCallback> callback) override;
-  // True continues the request to the one site whose own certificate is accepted; every other one
-  // is refused, and nobody is asked.
+  // Returns true, and continues the request, for the one site whose own certificate is accepted;
+  // every other site is refused, and nobody is asked.
   bool OnCertificateError(CefRefPtr<CefBrowser> browser,
                           cef_errorcode_t cert_error,
                           const CefString& request_url,
                           CefRefPtr<CefSSLInfo> ssl_info,
                           CefRefPtr<CefCallback> callback) override;
-  // False for a single certificate, which CEF then takes by itself. True for any other number: the
-  // user chooses, on the host's thread, and the request waits meanwhile. Without a dispatcher CEF
-  // goes on with no certificate.
+  // Returns false for a single certificate, which CEF then takes by itself, and true for any other
+  // number: the user chooses, on the host's thread, and the request waits meanwhile. Without a
+  // dispatcher CEF goes on with no certificate.
   bool OnSelectClientCertificate(CefRefPtr<CefBrowser> browser,
                                  bool isProxy,
                                  const CefString& host,
@@ -281,7 +281,7 @@ class kzCefClientHandler : public CefClient,
                           CefRefPtr<CefRequest> request,
                           CefRefPtr<CefResponse> response,
                           CefString& new_url) override;
-  // True restarts the request with another URL of the host's.
+  // Returns true to restart the request with another URL, which the host gave.
   bool OnResourceResponse(CefRefPtr<CefBrowser> browser,
                           CefRefPtr<CefFrame> frame,
                           CefRefPtr<CefRequest> request,

@@ -1,3 +1,5 @@
+// Sends the DevTools command that emulates network conditions, of which only being offline is used.
+
 #include "handler/network_emulation.h"
 
 #include "include/cef_values.h"

@@ -5,7 +5,8 @@
 
 namespace kzcef {
 
-// Applies the emulated network state to `browser` through its DevTools; the outcome is not awaited.
+// Applies the emulated network state to `browser` by a DevTools command; the outcome is not
+// awaited.
 void EmulateNetwork(const CefRefPtr<CefBrowser>& browser, bool offline);
 
 }  // namespace kzcef

@@ -1,10 +1,10 @@
-// The switch of the pages' own context menus.
+// The switch that gives pages a context menu.
 #pragma once
 
 namespace kzcef {
 
-// Whether the environment variable "EnablePlatformRMB" was there, with any value or an empty one,
-// at the first call in this process; later changes of it have no effect. Any thread.
+// Returns whether the environment variable "EnablePlatformRMB" existed, with any value or an empty
+// one, at the first call in this process; later changes have no effect. Any thread.
 bool IsPageMenuOn();
 
 }  // namespace kzcef

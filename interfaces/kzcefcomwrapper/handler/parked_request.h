@@ -14,12 +14,13 @@ class ParkedRequest {
  public:
   virtual ~ParkedRequest() = default;
 
-  // Puts the question to the user, modally to `main_window` (which may be null), and answers the
-  // index of what was chosen, or -1 when the user chose nothing. No value when nothing could be
+  // Asks the user, modally to `main_window` (which may be null), and returns the index of what was
+  // chosen, or -1 when the user chose nothing. Returns no value when the question could not be
   // asked.
   virtual std::optional<int> Ask(HWND main_window) noexcept = 0;
-  // Completes the request with a choice that Ask made, here or at a request it is parked with, and
-  // gives up what it holds of CEF's. May be called inside Ask, which then goes on by itself.
+  // Completes the request with a choice that Ask returned, for this request or for one that it is
+  // parked with, and releases the objects of CEF that it holds. May be called inside Ask, which
+  // then goes on by itself.
   virtual void Answer(int choice) noexcept = 0;
 };
 

@@ -1,3 +1,5 @@
+// Recognises such a request by type, URL and media type, and reads the bytes of its body.
+
 #include "handler/posted_json.h"
 
 #include <windows.h>

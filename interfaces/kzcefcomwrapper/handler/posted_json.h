@@ -7,9 +7,9 @@
 
 namespace kzcef {
 
-// The JSON body of an XHR post whose URL contains "federated", read in the ANSI code page as far as
-// its first null byte; empty for every other request. The body is the first one of bytes that is
-// not empty among the post's elements; it is not validated. Any thread.
+// Returns the JSON body of an XHR post whose URL contains "federated", read in the ANSI code page
+// up to its first null byte; empty for every other request. The body is the first of the post's
+// elements that holds bytes and is not empty; it is not validated. Any thread.
 std::wstring PostedJson(const CefRefPtr<CefRequest>& request);
 
 }  // namespace kzcef

@@ -1,3 +1,6 @@
+// Remembers which living client handler has which dispatcher, so that an address in a message can
+// be looked up and need not be trusted.
+
 #include "handler/posted_message.h"
 
 #include <map>

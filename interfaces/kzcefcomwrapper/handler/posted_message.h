@@ -9,8 +9,8 @@
 
 namespace kzcef {
 
-// What hosts look for in the window procedure of their main window. wParam is the identifier of the
-// parked request, lParam the address of the client handler that parked it.
+// The message that hosts look for in the window procedure of their main window. wParam is the
+// identifier of the parked request, lParam the address of the client handler that parked it.
 inline constexpr UINT kHostThreadMessage = 0x8142;
 static_assert(kHostThreadMessage == WM_APP + 0x142);
 
@@ -19,9 +19,9 @@ static_assert(kHostThreadMessage == WM_APP + 0x142);
 void RememberDispatcher(const kzCefClientHandler* handler,
                         CefRefPtr<HostThreadDispatcher> dispatcher);
 
-// Finishes the request that a message named, as the dispatcher of the client handler at `handler`
-// does it. Nothing when no living handler with a dispatcher has that address, which is only
-// compared and never followed. No error leaves it. Host's thread.
+// Finishes the request that a message named, through the dispatcher of the client handler at
+// `handler`. Does nothing when no living handler with a dispatcher has that address, which is only
+// compared and never followed. Throws nothing. Host's thread.
 void FinishPostedRequest(std::uint32_t identifier, const kzCefClientHandler* handler) noexcept;
 
 }  // namespace kzcef

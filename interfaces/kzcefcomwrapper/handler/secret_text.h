@@ -1,4 +1,4 @@
-// Texts that nobody is to find in memory later: user names and passwords.
+// Texts that must not stay in memory: user names and passwords.
 #pragma once
 
 #include <windows.h>
@@ -11,15 +11,14 @@
 
 namespace kzcef {
 
-// Overwrites `text`, which may be null. Automation keeps the memory of freed texts for the next
-// ones, as it is.
+// Overwrites `text`, which may be null. Automation caches the memory of freed texts as it is.
 inline void WipeText(BSTR text) noexcept {
   if (text) {
     SecureZeroMemory(text, SysStringByteLen(text));
   }
 }
 
-// `text` as CEF takes it, without a copy of its own: it must not outlive the text.
+// Returns `text` for CEF without copying it; the result must not outlive `text`.
 inline CefString UncopiedCefString(std::wstring_view text) {
   static_assert(sizeof(wchar_t) == sizeof(char16_t));
   return CefString(reinterpret_cast<const char16_t*>(text.data()), text.size(), /*copy=*/false);

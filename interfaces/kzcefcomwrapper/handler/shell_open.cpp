@@ -1,3 +1,5 @@
+// Calls the shell through a pointer, so that tests can take the shell's place.
+
 #include "handler/shell_open.h"
 
 #include <atomic>

@@ -9,14 +9,14 @@
 
 namespace kzcef {
 
-// Has the desktop open `url` with what it has for it: the default browser, or the program of an
-// external scheme. Nothing is reported.
+// Has the desktop open `url` with the program that it uses for that: the default browser, or the
+// program of an external scheme. Failures are not reported.
 void OpenExternally(const std::wstring& url);
 
 using ShellExecuteFunction = decltype(&ShellExecuteW);
 
-// Puts `function` in the place of ShellExecuteW, for the whole process; null puts it back. For
-// programs that must see the call instead of making it.
+// Replaces ShellExecuteW by `function` for the whole process; null restores it. For programs that
+// must see the call instead of making it.
 void ReplaceShellExecute(ShellExecuteFunction function);
 
 }  // namespace kzcef

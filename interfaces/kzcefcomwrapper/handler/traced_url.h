@@ -7,7 +7,7 @@
 
 namespace kzcef {
 
-// Traces a URL directly behind `prefix`. No text is made while tracing is off, and no error leaves.
+// Traces a URL directly behind `prefix`. Makes no text while tracing is off, and throws nothing.
 inline void TraceUrl(const char* prefix, const CefString& url) noexcept {
   if (IsTraceEnabled()) {
     Contained([&] { Trace2(prefix, url, 1); });

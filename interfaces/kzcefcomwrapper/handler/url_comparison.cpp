@@ -1,3 +1,5 @@
+// Compares URLs as texts: nothing is parsed, decoded or folded to lower case.
+
 #include "handler/url_comparison.h"
 
 namespace kzcef {

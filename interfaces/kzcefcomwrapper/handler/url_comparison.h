@@ -5,7 +5,7 @@
 
 namespace kzcef {
 
-// Whether two URLs are the same byte for byte, one "/" at the end of either left out of account.
+// Returns whether two URLs are the same byte for byte, apart from one "/" at the end of either.
 bool IsSameUrl(std::string_view first, std::string_view second);
 
 }  // namespace kzcef

@@ -1,3 +1,6 @@
+// Tries the candidates one after the other: a directory is taken when its lock file could be
+// created, or is this process's own, or names a process that is gone.
+
 #include "runtime/cache_directory.h"
 
 #include <windows.h>

@@ -9,12 +9,12 @@
 
 namespace kzcef {
 
-// What the settings object of this library answers beyond its automation interface. It passes a C++
-// object and therefore works inside the process only: a settings object of somebody else's, or one
+// What the settings object of this library offers beyond its automation interface. It passes a C++
+// object and therefore works inside the process only: somebody else's settings object, or one
 // behind a proxy, does not have it and counts as holding no switches.
 MIDL_INTERFACE("5d2e8a0b-7c1f-4e63-9b4a-0f6d2c91a7e8")
 ICommandLineSource : public IKZCEFComSettings {
-  // Writes a copy of the object's table to `args`. S_OK or E_OUTOFMEMORY.
+  // Writes a copy of the object's table to `args`. Returns S_OK, E_POINTER or E_OUTOFMEMORY.
   virtual HRESULT STDMETHODCALLTYPE CopyCommandLineArgs(CommandLineArgs * args) = 0;
 };
 

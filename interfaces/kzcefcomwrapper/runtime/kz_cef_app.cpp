@@ -1,3 +1,5 @@
+// Appends the switches with which the browser process starts.
+
 #include "runtime/kz_cef_app.h"
 
 #include <string>

@@ -1,3 +1,6 @@
+// Creates the browser, passes the operations on to CEF, and follows the browser's life. Each
+// operation takes its own reference to the browser under the lock and then works without the lock.
+
 #include "runtime/kz_cef_instance.h"
 
 #include <utility>

@@ -1,3 +1,6 @@
+// Looks through the top-level windows at each call: a host may
+// make, mark and destroy windows at any time.
+
 #include "runtime/main_window.h"
 
 #include <atomic>

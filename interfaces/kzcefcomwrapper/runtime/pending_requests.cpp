@@ -1,3 +1,6 @@
+// The tables of parked requests: by identifier, and in groups by key. No lock is held while the
+// user is asked, so requests may join, be finished and be ended meanwhile.
+
 #include "runtime/pending_requests.h"
 
 #include <map>

@@ -17,17 +17,17 @@ class PendingRequests final : public HostThreadDispatcher {
   Identifier ParkRequest(const std::string& key, std::unique_ptr<ParkedRequest> request) override;
   void PostToMainWindow(Identifier identifier, const kzCefClientHandler* handler) override;
   // A request leaves the tables when this ends, together with those that joined it up to then,
-  // whether its question could be asked or not. Those that could not be asked are freed without an
-  // answer, and the next request with their key is parked anew.
+  // whether its question could be asked or not. If it could not, they are freed without an answer,
+  // and the next request with their key is parked anew.
   void ProcessRequest(Identifier identifier) override;
 
  private:
   IMPLEMENT_REFCOUNTING(PendingRequests);
 };
 
-// Answers all pending requests with no choice, also one whose question is on the screen, whose
-// answer then counts no more. What comes later is freed without an answer. For the end of the
-// engine, which wants its objects back; host's thread.
+// Answers all pending requests with no choice, also one whose question is on the screen; the user's
+// answer then no longer counts. Requests that come later are freed without an answer. For the end
+// of the engine, which wants its objects back; host's thread.
 void EndPendingRequests() noexcept;
 
 }  // namespace kzcef

@@ -1,3 +1,5 @@
+// Marshals an object's identity into a stream in memory and sends the bytes along as base64.
+
 #include "runtime/script_object.h"
 
 #include <wrl/client.h>

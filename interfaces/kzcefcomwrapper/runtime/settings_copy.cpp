@@ -1,3 +1,5 @@
+// Copies property by property: each line says where a property goes, and under which condition.
+
 #include "runtime/settings_copy.h"
 
 #include <windows.h>

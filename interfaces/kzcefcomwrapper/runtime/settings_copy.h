@@ -1,4 +1,4 @@
-// What the host's settings mean to the engine.
+// Turns the host's settings into the engine's.
 #pragma once
 
 #include "KZCEFComWrapper.h"

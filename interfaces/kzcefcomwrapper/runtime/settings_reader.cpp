@@ -1,3 +1,5 @@
+// Calls getters of a settings object that may be anybody's, and frees the texts that they return.
+
 #include "runtime/settings_reader.h"
 
 #include <utility>

@@ -13,8 +13,8 @@
 
 namespace kzcef {
 
-// One getter call each, in the order in which they are asked. A getter that fails counts as having
-// yielded nothing, whatever it wrote.
+// Each member calls one getter. A getter that fails counts as having supplied nothing, whatever it
+// wrote.
 class SettingsReader {
  public:
   using TextGetter = HRESULT (STDMETHODCALLTYPE IKZCEFComSettings::*)(BSTR*);
@@ -24,13 +24,13 @@ class SettingsReader {
   // Does not keep a reference: `settings` outlives the reader.
   explicit SettingsReader(IKZCEFComSettings& settings) : settings_(settings) {}
 
-  // Nothing for a null text, which is not the same as an empty one.
+  // Returns nothing for a null text, which is not the same as an empty one.
   std::optional<std::wstring> Text(TextGetter getter) const;
-  // Empty for a null text, nothing when the getter fails.
+  // Returns an empty text for a null one, and nothing when the getter fails.
   std::optional<std::wstring> TextOrEmpty(TextGetter getter) const;
-  // True for VARIANT_TRUE and for nothing else.
+  // Returns true for VARIANT_TRUE and for nothing else.
   bool Flag(FlagGetter getter) const;
-  // `otherwise` when the getter left the value alone.
+  // Returns `otherwise` when the getter fails or leaves the value alone.
   long Number(NumberGetter getter, long otherwise) const;
 
  private:
@@ -39,7 +39,7 @@ class SettingsReader {
   };
   using OwnedBstr = std::unique_ptr<OLECHAR, BstrFree>;
 
-  // Nothing when the getter fails.
+  // Returns nothing when the getter fails.
   std::optional<OwnedBstr> Read(TextGetter getter) const;
 
   IKZCEFComSettings& settings_;

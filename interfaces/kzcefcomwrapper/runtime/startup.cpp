@@ -1,3 +1,6 @@
+// The order of a start: the host's switches and settings are copied, the cache directory is chosen
+// and locked, and then CEF starts on the calling thread.
+
 #include "runtime/startup.h"
 
 #include <wrl/client.h>

@@ -1,3 +1,6 @@
+// A counted class factory. The module lock is taken with the second reference and given back when
+// only the cache's is left, so that the cache alone does not keep the DLL loaded.
+
 #include "server/class_factory.h"
 
 #include <new>

@@ -9,22 +9,23 @@
 
 namespace kzcef {
 
-// Creates an object, inside `outer` unless that is null, and answers its `iid`.
+// Creates an object, inside `outer` unless that is null, and asks it for `iid`.
 using ObjectCreator = HRESULT (*)(IUnknown* outer, REFIID iid, void** object) noexcept;
 
 // A class factory that the class table caches for the life of the process. Only references beyond
 // the cache's own keep the DLL loaded. Any thread.
 class ClassFactory final : public IClassFactory {
  public:
-  // A factory without a reference yet, answering `iid`; E_OUTOFMEMORY when it cannot be made.
+  // Makes a factory and returns its `iid` in `factory`, with the first reference. Returns
+  // E_OUTOFMEMORY when it cannot be made.
   static HRESULT Create(ObjectCreator creator, REFIID iid, void** factory) noexcept;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
   ULONG STDMETHODCALLTYPE AddRef() override;
   ULONG STDMETHODCALLTYPE Release() override;
 
-  // E_POINTER for a null `object`; CLASS_E_NOAGGREGATION when an outer object asks for anything
-  // but IUnknown; otherwise as the creator answers.
+  // Returns E_POINTER for a null `object`, CLASS_E_NOAGGREGATION when an outer object asks for
+  // anything but IUnknown, otherwise what the creator returns.
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override;
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override;
 

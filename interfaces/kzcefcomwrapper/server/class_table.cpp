@@ -1,3 +1,6 @@
+// The rows of the table, and the factories, which are made one at a
+// time under a lock and read without it.
+
 #include "server/class_table.h"
 
 #include <algorithm>

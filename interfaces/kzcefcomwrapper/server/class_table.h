@@ -15,17 +15,17 @@ struct ClassEntry {
   // The default value of the class's CLSID key.
   const wchar_t* description;
   ObjectCreator creator;
-  // The class factory in EncodePointer's form once it was asked for, which lives until the process
-  // ends; null before that.
+  // The class factory, as EncodePointer returns it; it lives until the process ends. Null before it
+  // is first asked for.
   void* encoded_factory;
 };
 
-// The table, in the order in which classes are registered.
+// Returns the table, in the order in which classes are registered.
 std::span<ClassEntry> ClassTable() noexcept;
 
-// Answers the class object of `clsid`, making it on the first demand, in `object`.
+// Writes the class object of `clsid`, which is made on first demand, to `object`. Returns
 // CLASS_E_CLASSNOTAVAILABLE when the table has no such class; otherwise what the creation of the
-// factory or its QueryInterface answers. Any thread: all get the same factory.
+// factory or its QueryInterface returns. Any thread: all get the same factory.
 HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** object) noexcept;
 
 }  // namespace kzcef

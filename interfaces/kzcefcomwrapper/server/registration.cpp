@@ -1,3 +1,5 @@
+// Writes and removes the registry keys by hand, and leaves the type library's to the system.
+
 #include "server/registration.h"
 
 #include <oleauto.h>

@@ -9,12 +9,12 @@ namespace kzcef {
 // HKEY_CURRENT_USER\Software\Classes instead of HKEY_CLASSES_ROOT.
 void UsePerUserRegistration() noexcept;
 
-// Writes every class and then the type library; stops at the first failure and answers it, leaving
-// what was written. Win32 errors come back in HRESULT form.
+// Writes every class and then the type library. Stops at the first failure and returns it; what was
+// written by then stays. Win32 errors are returned in HRESULT form.
 HRESULT RegisterServer() noexcept;
 
 // Removes every class with all its subkeys, and the type library. What is not there counts as
-// removed; after a failure the rest is still removed, and the first failure is answered.
+// removed. After a failure the rest is still removed; the first failure is returned.
 HRESULT UnregisterServer() noexcept;
 
 }  // namespace kzcef

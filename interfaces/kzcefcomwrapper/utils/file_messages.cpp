@@ -1,3 +1,5 @@
+// Writes each message with its number.
+
 #include "utils/file_messages.h"
 
 namespace kzcef {

@@ -1,5 +1,5 @@
-// What is said on the standard error stream when a new file cannot be written. The numbers in the
-// texts are fixed: tools that read them rely on them, and they are no longer line numbers.
+// The messages for the standard error stream when a new file cannot be written. The numbers in them
+// are fixed, because tools that read the messages rely on them; they are no longer line numbers.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,6 @@
+// Splits the text from left to right: a name up to the next colon, a value up
+// to the comma that ends it. Nothing is copied.
+
 #include "utils/flat_json.h"
 
 #include <cstddef>

@@ -1,5 +1,5 @@
-// The members of a flat JSON object, by splitting its text. This is no JSON parser: escapes, nested
-// objects and arrays are not recognised, and hosts count on what that makes of their texts.
+// Finds the members of a flat JSON object by splitting its text. This is no JSON parser: escapes,
+// nested objects and arrays are not recognised, and hosts count on what becomes of their texts.
 #pragma once
 
 #include <map>
@@ -8,26 +8,27 @@
 namespace kzcef {
 
 // Member names to member texts, in ordinal order of the names. Both are parts of the text that was
-// read, and hold no longer than it does.
+// read, and valid no longer than it is.
 template <typename Char>
 using FlatJson = std::map<std::basic_string_view<Char>, std::basic_string_view<Char>>;
 
-// The members of `text`, whatever it is; the last of several with the same name counts. The braces
-// around the object may be missing or be several. A name ends at the next colon, a value at the
-// next comma behind its first two double quotes; names and values lose the white space and the
+// Returns the members of `text`, whatever it is; the last of several with the same name counts. The
+// braces around the object may be missing or be several. A name ends at the next colon, a value at
+// the next comma behind its first two double quotes; names and values lose the white space and the
 // double quotes at their ends and keep those inside. White space is what Trim (text.h) takes:
 // blank, line feed, carriage return, tab, form feed and vertical tab.
 //
 // Every text has at least one member: what has no name is found under the empty one.
-// The time that it takes grows with the length of the text only. Throws std::bad_alloc.
+// The time it takes depends on the length of the text only. Throws std::bad_alloc.
 template <typename Char>
 FlatJson<Char> ReadFlatJson(std::basic_string_view<Char> text);
 
-// Whether only the unnamed entry is there: the text was an empty object, or none at all.
+// Returns whether only the unnamed entry is there: the text was an empty object, or none at all.
 template <typename Char>
 bool HasNoNamedMember(const FlatJson<Char>& members);
 
-// The text of a member. Throws std::out_of_range "invalid map<K, T> key" when there is none.
+// Returns the text of a member. Throws std::out_of_range "invalid map<K, T> key" when there is
+// none.
 template <typename Char>
 std::basic_string_view<Char> MemberText(const FlatJson<Char>& members,
                                         std::basic_string_view<Char> name);

@@ -15,7 +15,7 @@ struct HandleCloser {
 // Null when it holds nothing.
 using UniqueHandle = std::unique_ptr<HANDLE, HandleCloser>;
 
-// Takes what CreateFileW answers, whose failure is INVALID_HANDLE_VALUE and not null. The thread's
+// Takes what CreateFileW returns, whose failure is INVALID_HANDLE_VALUE and not null. The thread's
 // last error stays as the call left it.
 inline UniqueHandle FileHandle(HANDLE handle) noexcept {
   return UniqueHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);

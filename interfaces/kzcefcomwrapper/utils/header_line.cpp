@@ -1,3 +1,5 @@
+// Splits a header line at its colons and accepts exactly two parts.
+
 #include "utils/header_line.h"
 
 #include <vector>

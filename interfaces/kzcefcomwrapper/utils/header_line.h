@@ -14,9 +14,9 @@ struct HeaderLine {
   friend bool operator==(const HeaderLine&, const HeaderLine&) = default;
 };
 
-// The name before the colon and the value behind it, both trimmed. Nothing for a line without a
-// colon and for one with several, so a value that holds a colon (a URL, a time of day) is no
-// header: hubs are written against that.
+// Returns the name before the colon and the value behind it, both trimmed. Returns nothing for a
+// line without a colon and for one with several, so a line whose value holds a colon (a URL, a time
+// of day) is not a header: hubs are written against that.
 std::optional<HeaderLine> ParseHeaderLine(std::string_view line);
 
 }  // namespace kzcef

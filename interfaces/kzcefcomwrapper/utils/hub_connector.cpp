@@ -1,3 +1,6 @@
+// Binds the hub library's exports on demand and applies what it says about a
+// URL. What the library hands out goes back to it.
+
 #include "utils/hub_connector.h"
 
 #include <windows.h>
@@ -61,7 +64,7 @@ HubLibrary& Library() {
   return library;
 }
 
-// One answer of the library, given back in the end whatever it says.
+// One answer of the library, which is given back to it in the end, whatever it says.
 class Transformation {
  public:
   Transformation(HubLibrary& library, const std::string& url)

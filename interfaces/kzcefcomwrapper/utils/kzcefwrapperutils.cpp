@@ -1,3 +1,6 @@
+// Thin wrappers of the system's functions for processes, paths and
+// files, in the library's kinds of text.
+
 #include "utils/kzcefwrapperutils.h"
 
 #include <array>

@@ -1,3 +1,6 @@
+// Writes, reads and deletes lock files so that of several processes that
+// want the same directory exactly one gets it.
+
 #include "utils/lock_file.h"
 
 #include <windows.h>

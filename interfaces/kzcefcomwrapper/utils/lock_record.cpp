@@ -1,3 +1,5 @@
+// Writes and reads the two lines of a lock file, "PID:" and "PROGRAM:".
+
 #include "utils/lock_record.h"
 
 #include <stdexcept>

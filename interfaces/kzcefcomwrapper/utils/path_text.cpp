@@ -1,3 +1,5 @@
+// Works on the texts alone, so paths may be of any length and need not exist.
+
 #include "utils/path_text.h"
 
 #include <cstddef>

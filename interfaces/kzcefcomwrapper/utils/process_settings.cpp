@@ -1,3 +1,5 @@
+// The values and the one lock that guards them, and the names of the known kinds of host.
+
 #include "utils/process_settings.h"
 
 #include <wchar.h>

@@ -1,8 +1,8 @@
-// The values that hold for the whole process once the runtime was started: what the host's settings
-// said, kept for the rooms that need it later.
+// The values that apply to the whole process once the runtime has been started: what the host's
+// settings said, kept for the rooms that need it later.
 //
-// The host's thread writes them, at start-up and (the host kind) whenever the host names itself;
-// any thread may read. Every accessor answers a copy.
+// The host's thread writes them at start-up, and the host kind also whenever the host names itself;
+// any thread may read them. Every accessor returns a copy.
 #pragma once
 
 #include <functional>
@@ -21,7 +21,7 @@ void SetCommandLineArgTable(CommandLineArgs args);
 // The kind of host in the letter case in which it was given; empty until the host named itself.
 std::wstring HostKind();
 void SetHostKind(std::wstring kind);
-// Whether `text` is one of the names of a kind of host, letter case ignored.
+// Returns whether `text` is one of the names of a kind of host, letter case ignored.
 bool IsKnownHostKind(const std::wstring& text);
 
 // The engine's cache directory: what the host asked for, then the directory really used.
@@ -42,8 +42,8 @@ void SetAcceptLanguageList(std::wstring list);
 std::wstring CookieLanguage();
 void SetCookieLanguage(std::wstring language);
 
-// Whether the host's accept-language list stands as it is, so that navigations leave the engine's
-// preference alone. False until start-up sets it.
+// Returns whether the host's accept-language list applies as it is, so that navigations leave the
+// engine's preference alone. False until start-up sets it.
 bool IsAcceptLanguageOverridden();
 void SetAcceptLanguageOverridden(bool overridden);
 

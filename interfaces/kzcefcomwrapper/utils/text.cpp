@@ -1,3 +1,6 @@
+// Splitting, trimming and replacing, and reading numbers, the same for
+// every character type where that is needed.
+
 #include "utils/text.h"
 
 #include <algorithm>

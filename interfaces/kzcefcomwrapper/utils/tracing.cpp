@@ -1,3 +1,5 @@
+// Reads the switch once, finds the host's trace library on demand and passes each line to it.
+
 #include "utils/tracing.h"
 
 #include <windows.h>

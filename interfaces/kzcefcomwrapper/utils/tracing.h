@@ -1,6 +1,6 @@
-// The one trace facility. Off unless the environment variable "CefLogEnabled" was 1 at the first
-// question; then each line goes to the function suTrace of the "pelkor.dll" beside the host's
-// executable, and is dropped where there is none. Any thread.
+// The one trace facility. Off unless the environment variable "CefLogEnabled" was 1 when it was
+// first asked about; then each line goes to the function suTrace of the "pelkor.dll" beside the
+// host's executable, and is dropped where there is none. Any thread.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace kzcef {
 
-// Whether lines are written at all. Ask before building a costly one.
+// Returns whether lines are written at all. Ask before building a costly one.
 bool IsTraceEnabled();
 
 // Writes one line. The level is accepted and not used.

@@ -8,9 +8,9 @@
 #include "KZCEFComWrapper.h"
 #include "early_bound/early_bound.h"
 
-// Every notification answers what `HRESULT Handler::Noted()` does, and late-bound calls are
-// refused. What tells handlers apart, identity and life among it, is the derived class's. Any
-// thread.
+// Every notification returns what `HRESULT Handler::Noted()` returns, and late-bound calls are
+// refused. Everything in which handlers differ, identity and life included, is left to the derived
+// class. Any thread.
 template <typename Handler>
 class AlikeHandler : public EarlyBound<IKZCEFComBrowserHandler3> {
  public:

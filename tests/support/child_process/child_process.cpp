@@ -1,3 +1,6 @@
+// Starts the process with pipes of which it inherits its own ends only, and
+// kills it at the latest when the object goes.
+
 #include "child_process.h"
 
 #include <system_error>

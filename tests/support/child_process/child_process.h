@@ -21,11 +21,11 @@ class ChildProcess {
 
   DWORD id() const { return id_; }
 
-  // Waits for the process's next line and answers it without its end; empty once there is none.
+  // Waits for the process's next line and returns it without its end; empty once there is none.
   std::string ReadLine();
   // Ends the process's standard input, which a waiting child takes as the word to go on.
   void CloseInput() { input_.reset(); }
-  // Waits for the end of the process and answers its exit code. Throws std::system_error when it
+  // Waits for the end of the process and returns its exit code. Throws std::system_error when it
   // does not end within 30 seconds.
   DWORD Wait();
   // Ends the process as a crash would, and waits until it is gone.

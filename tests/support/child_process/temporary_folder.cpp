@@ -1,3 +1,6 @@
+// Makes the folder below the system's folder for temporary files,
+// under a name that no other test uses.
+
 #include "temporary_folder.h"
 
 #include <windows.h>

@@ -1,5 +1,5 @@
 // Credential providers of a host installation, one class for each kind of host.
-// "GetProxyCredential" answers the text of the environment variable KZ_CREDENTIALS, in which
+// "GetProxyCredential" returns the text of the environment variable KZ_CREDENTIALS, in which
 // "{kind}" is replaced by the name of the class; without the variable it fails.
 #include <windows.h>
 

@@ -5,8 +5,8 @@
 
 #include <oaidl.h>
 
-// An object with `Interface` that answers no late-bound call. Identity, life and the interface's
-// own members are the derived class's.
+// An object with `Interface` that refuses late-bound calls. Identity, life and the interface's own
+// members are left to the derived class.
 template <typename Interface>
 class EarlyBound : public Interface {
  public:

@@ -33,8 +33,8 @@ inline Key CreateKey(HKEY parent, const std::wstring& name) {
   return Key(key);
 }
 
-/// While it lives, the process sees this empty place instead of the machine's part of the registry;
-/// other programs see nothing of it. One at a time. Its members throw std::runtime_error.
+// While it lives, the process sees this empty place instead of the machine's part of the registry;
+// other programs see nothing of it. One at a time. Its members throw std::runtime_error.
 class HubPlace {
  public:
   HubPlace() {
@@ -49,7 +49,7 @@ class HubPlace {
   HubPlace(const HubPlace&) = delete;
   HubPlace& operator=(const HubPlace&) = delete;
 
-  /// Names the folder of a hub installation.
+  // Names the folder of a hub installation.
   void SetPath(const std::wstring& path, DWORD type = REG_SZ) {
     const Key key = CreateKey(machine_.get(), kConnectors);
     Check(RegSetValueExW(key.get(), L"Path", 0, type, reinterpret_cast<const BYTE*>(path.c_str()),
@@ -57,7 +57,7 @@ class HubPlace {
           "cannot write a registry value");
   }
 
-  /// Installs the tests' library and answers its plan, which stays when the place has gone.
+  // Installs the tests' library and returns its plan, which stays when the place has gone.
   Plan& Install() {
     SetPath(KZ_HUB_INSTALLATION);
     const HMODULE library = LoadLibraryW(

@@ -1,4 +1,4 @@
-// What the tests' hub library is to answer, and what it was asked.
+// What the tests' hub library is to return, and what it was asked.
 #pragma once
 
 namespace kzhub {

@@ -1,5 +1,5 @@
-// A stand-in for the hub installation's library: it answers what the test has planned, from memory
-// of its own, and counts what comes back.
+// A double of the hub installation's library: it returns what the test has planned, from memory of
+// its own, and counts what is given back.
 //
 // A test in another process plans through the environment: KZ_HUB_REPLACE ("from>to") changes URLs
 // that contain "from", KZ_HUB_HEADERS has the header lines, separated by "|", and KZ_HUB_COUNTS

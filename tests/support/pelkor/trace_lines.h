@@ -1,4 +1,4 @@
-// What reached the stand-in for the host's trace library.
+// What reached the double of the host's trace library.
 #pragma once
 
 #include <windows.h>

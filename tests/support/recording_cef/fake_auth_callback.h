@@ -1,3 +1,4 @@
+// The callback of a request for credentials that writes down how it is answered.
 #pragma once
 
 #include <functional>

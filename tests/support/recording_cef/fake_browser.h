@@ -1,3 +1,4 @@
+// Browsers, their hosts and frames that only record what is asked of them.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +10,7 @@
 #include "include/cef_frame.h"
 
 // A browser, its host and its frames for tests: what is asked of them is written down in public
-// members, and what they answer is set there. Nothing happens by itself; the test raises the
+// members, and what they return is set there. Nothing happens by itself; the test raises the
 // client's callbacks, handing these objects over.
 
 namespace recording_cef {
@@ -39,7 +40,7 @@ class FakeFrame final : public CefFrame {
   // Editing commands and ViewSource by name, in order.
   std::vector<std::string> commands;
 
-  // What it answers.
+  // What it returns.
   bool is_valid = true;
   bool is_main = true;
   bool is_focused = true;
@@ -128,7 +129,7 @@ class FakeBrowserHost final : public CefBrowserHost {
   size_t close_devtools_count = 0;
   std::vector<CefKeyEvent> key_events;
 
-  // What it answers.
+  // What it returns.
   HWND window = nullptr;
   HWND opener_window = nullptr;
   bool try_close_result = true;
@@ -257,14 +258,14 @@ class FakeBrowser final : public CefBrowser {
   int forward_count = 0;
   int main_frame_reads = 0;
 
-  // What it answers.
+  // What it returns.
   int identifier;
   bool is_valid = true;
   bool can_go_back = false;
   bool can_go_forward = false;
   bool is_loading = false;
   bool is_popup = false;
-  // Null host and main frame are answered in their place, as by a browser that is going away.
+  // When false, null is returned instead, as by a browser that is going away.
   bool has_host = true;
   bool has_main_frame = true;
 

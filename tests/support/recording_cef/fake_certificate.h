@@ -1,3 +1,4 @@
+// Certificates that are what a test makes of them, and count what is read of them.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +9,8 @@
 #include "include/cef_values.h"
 #include "include/cef_x509_certificate.h"
 
-// Certificates for tests: what they answer stands in public members, and every question is counted
-// where a test may want to know whether it was asked.
+// What they return is in public members, and calls are counted where a test may want to know
+// whether there were any.
 
 namespace recording_cef {
 
@@ -22,7 +23,7 @@ class FakePrincipal final : public CefX509CertPrincipal {
  public:
   explicit FakePrincipal(const CefString& name = CefString()) : display_name(name) {}
 
-  // What it answers.
+  // What it returns.
   CefString display_name;
   CefString common_name;
   CefString locality;
@@ -54,7 +55,7 @@ class FakeCertificate final : public CefX509Certificate {
                            const CefString& issuer_name = CefString())
       : subject(new FakePrincipal(subject_name)), issuer(new FakePrincipal(issuer_name)) {}
 
-  // What it answers; null principals and values are answered as they are.
+  // What it returns, null principals and values included.
   CefRefPtr<FakePrincipal> subject;
   CefRefPtr<FakePrincipal> issuer;
   CefRefPtr<CefBinaryValue> serial_number;
@@ -111,7 +112,7 @@ class FakeSslInfo final : public CefSSLInfo {
  public:
   explicit FakeSslInfo(CefRefPtr<CefX509Certificate> of = nullptr) : certificate(of) {}
 
-  // What it answers.
+  // What it returns.
   int status = 0;
   CefRefPtr<CefX509Certificate> certificate;
 

@@ -1,3 +1,4 @@
+// The circumstances of a context menu, as a test sets them.
 #pragma once
 
 #include <vector>

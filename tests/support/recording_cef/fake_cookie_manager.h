@@ -1,3 +1,4 @@
+// A cookie store in memory that calls back at once, or when a test wants it.
 #pragma once
 
 #include <utility>

@@ -1,3 +1,4 @@
+// Downloads whose state a test sets, and callbacks that record what becomes of them.
 #pragma once
 
 #include <cstdint>

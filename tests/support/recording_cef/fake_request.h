@@ -1,3 +1,4 @@
+// Requests and bodies that a test fills in, with what only a running engine would set.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +13,7 @@ namespace recording_cef {
 // One element of a body.
 class FakePostElement final : public CefPostDataElement {
  public:
-  // What it answers.
+  // What it returns.
   Type type = PDE_TYPE_EMPTY;
   CefString file;
   std::string bytes;

@@ -1,3 +1,4 @@
+// A request context whose preferences and cookie store are the test's.
 #pragma once
 
 #include <map>

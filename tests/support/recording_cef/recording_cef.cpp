@@ -1,3 +1,5 @@
+// CEF's entry points for tests: each records its call and returns what the test has set.
+
 #include "recording_cef/recording_cef.h"
 
 #include <utility>

@@ -1,3 +1,5 @@
+// CEF's entry points without an engine: what product code asks for
+// is recorded, and a test sets what it gets.
 #pragma once
 
 #include <windows.h>
@@ -54,7 +56,7 @@ class RecordingCef {
  public:
   static RecordingCef& Get();
 
-  // Forgets all records and answers as at first.
+  // Forgets all records and everything that was set.
   void Reset();
 
   // --- Start and stop ---
@@ -77,9 +79,9 @@ class RecordingCef {
   // --- Browsers ---
 
   std::vector<Creation> creations;
-  // The answer of CreateBrowser.
+  // What CreateBrowser returns.
   bool create_browser_result = true;
-  // The answer of CreateBrowserSync.
+  // What CreateBrowserSync returns.
   CefRefPtr<CefBrowser> create_browser_sync_result;
   // Called inside CreateBrowser, for instance to raise OnAfterCreated; may throw.
   std::function<void(const Creation&)> on_create_browser;
@@ -91,15 +93,15 @@ class RecordingCef {
   bool post_task_result = true;
   // Runs each task inside the call that posts it, whatever its delay, and records none.
   bool run_tasks_at_once = false;
-  // Runs the recorded tasks and those that they post, in order. Answers how many ran.
+  // Runs the recorded tasks and those that they post, in order. Returns how many ran.
   int RunTasks();
 
-  // The answer of CefCurrentlyOn; every thread is every thread unless the test says otherwise.
+  // What CefCurrentlyOn returns; every thread is every thread unless the test says otherwise.
   std::function<bool(CefThreadId)> currently_on;
 
   // --- Cookies and contexts ---
 
-  // The answers of GetGlobalManager and GetGlobalContext, null at first.
+  // What GetGlobalManager and GetGlobalContext return; null at first.
   CefRefPtr<CefCookieManager> cookie_manager;
   CefRefPtr<CefRequestContext> request_context;
   // The callbacks given to GetGlobalManager, null ones included.

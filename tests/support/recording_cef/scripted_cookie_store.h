@@ -1,3 +1,4 @@
+// A cookie store whose visits are a function of the test's.
 #pragma once
 
 #include <functional>

@@ -1,3 +1,6 @@
+// The application object: host kinds, the start and end of the engine, and the objects that it
+// hands out, with and without a bridge.
+
 #include "automation/application.h"
 
 #include <stdexcept>

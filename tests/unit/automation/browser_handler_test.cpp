@@ -1,3 +1,5 @@
+// The handler coclass, whose members all return E_NOTIMPL.
+
 #include "automation/browser_handler.h"
 
 #include "automation_test.h"

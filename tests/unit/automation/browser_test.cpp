@@ -1,3 +1,6 @@
+// The browser object: what its members ask of the bridge and what
+// they return, with and without a bridge.
+
 #include "automation/browser.h"
 
 #include "automation_test.h"
@@ -117,7 +120,7 @@ TEST_F(Browser, RemovesNoScriptHandlerThatStillWaits) {
   EXPECT_THAT(bridge.calls(), ElementsAre("AddJSHandler(name, 16, 1)"));
 }
 
-// The answer is upside down, and hosts know it.
+// The result is upside down, and hosts know it.
 TEST_F(Browser, AnswersFalseForAReloadThatHappens) {
   const auto browser = StartedBrowser();
   bridge.ForgetCalls();

@@ -1,3 +1,5 @@
+// The cookie manager: reads and writes passed on to the bridge, and the arrays that hosts pass.
+
 #include "automation/cookie_manager.h"
 
 #include <memory>
@@ -59,14 +61,14 @@ class CookieManager : public AutomationTest {
  protected:
   CookieManager() { bridge.ForgetCalls(); }
 
-  // What SetUrlCookies answers.
+  // What SetUrlCookies returns in `done`.
   VARIANT_BOOL Set(const VARIANT& cookies) {
     VARIANT_BOOL done = 5;
     EXPECT_EQ(manager->SetUrlCookies(_bstr_t(L"http://a/"), cookies, &done), S_OK);
     return done;
   }
 
-  // The answers of the three getters, each of which must be S_OK.
+  // The results of the three getters, each of which must return S_OK.
   std::vector<VARTYPE> Read() {
     std::vector<VARTYPE> types;
     const auto read = [&](auto call) {

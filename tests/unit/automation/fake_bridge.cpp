@@ -1,3 +1,5 @@
+// Writes each operation down as a text with its arguments, and returns what the test has set.
+
 #include "fake_bridge.h"
 
 #include <cstdint>

@@ -28,18 +28,18 @@ class FakeBridge final : public kzCefBridge {
   // Takes the instance's browser away, or brings it back.
   void SetHasBrowser(int instance, bool has_browser);
 
-  // What Shutdown answers; may throw.
+  // What Shutdown returns; may throw.
   std::function<bool()> on_shutdown = [] { return true; };
   // Runs inside StartBrowser, once the new instance has its browser; may be empty.
   std::function<void()> on_started;
   // Runs inside AddJSHandler, as the object's own code does while it is marshalled; may be empty.
   std::function<void()> on_script_handler;
-  // Answers the reads of cookies; may throw.
+  // Serves the reads of cookies; may throw.
   std::function<VARIANT()> on_cookies_read = [] { return VARIANT(); };
   // Runs inside SetUrlCookies with the text; may be empty, and may throw.
   std::function<void(const wchar_t*)> on_cookie_set;
   std::wstring current_url;
-  // The answer of LoadURL and Refresh where the instance has a browser, and of SetUrlCookies.
+  // The result of LoadURL and Refresh where the instance has a browser, and of SetUrlCookies.
   bool succeeds = true;
 
   bool Shutdown() override;

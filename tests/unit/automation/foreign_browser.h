@@ -19,7 +19,7 @@ class ForeignBrowser final : public EarlyBound<IKZCEFComBrowser> {
 
   int references = 0;
   int queries = 0;
-  // Whether it answers as a browser at all.
+  // Whether it has the browser's interface at all.
   bool is_browser = true;
   VARIANT_BOOL popup = VARIANT_FALSE;
 

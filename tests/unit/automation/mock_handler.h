@@ -20,8 +20,8 @@ MATCHER_P(IsBstr, text, "") {
   return arg && std::wstring(arg, SysStringLen(arg)) == expected;
 }
 
-// Owned by the test and not by its references, which it only counts. Answers the handler interfaces
-// up to the `newest`.
+// Owned by the test and not by its references, which it only counts. Has the handler interfaces up
+// to the `newest`.
 class MockHandler : public EarlyBound<IKZCEFComBrowserHandler3> {
  public:
   explicit MockHandler(int newest = 3) : newest_(newest) {}

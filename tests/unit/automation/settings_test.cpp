@@ -1,3 +1,5 @@
+// The settings object's table of command-line switches.
+
 #include "automation/settings.h"
 
 #include "automation_test.h"

@@ -235,7 +235,7 @@ TEST_F(BridgeCookies, OfAStoreThatBeginsTooLateAreNone) {
   EXPECT_TRUE(store_->kept_visitors.at(0)->Visit(store_->cookies[0], 0, 1, remove));
 }
 
-// The answer waits for the last cookie, however long that takes.
+// The read waits for the last cookie, however long that takes.
 TEST_F(BridgeCookies, AreWaitedForUntilAllHaveCome) {
   std::thread engine;
   UseStore([&](CefRefPtr<CefCookieVisitor> visitor) {

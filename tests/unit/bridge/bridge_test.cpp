@@ -1,4 +1,4 @@
-// The bridge's answers with and without instance and browser.
+// The bridge's operations with and without instance and browser.
 #include "bridge/kz_cef_bridge_impl.h"
 
 #include <gmock/gmock.h>

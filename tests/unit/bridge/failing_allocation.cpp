@@ -1,3 +1,5 @@
+// Replaces the program's operator new by one that fails for the size that a test names.
+
 #include "unit/bridge/failing_allocation.h"
 
 #include <atomic>

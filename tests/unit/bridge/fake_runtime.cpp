@@ -1,3 +1,5 @@
+// Takes the place of start-up and cache lock when the bridge's tests are linked.
+
 #include "unit/bridge/fake_runtime.h"
 
 #include <stdexcept>

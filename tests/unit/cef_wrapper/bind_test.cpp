@@ -1,3 +1,5 @@
+// Callbacks and what they bind, closures at the end of a scope, and counted pointers.
+
 #include "include/base/cef_bind.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// The message router: who gets a query, what the page is told, and how queries end.
+
 #include "include/wrapper/cef_message_router.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// The recording double of CEF's entry points does what the tests that use it rely on.
+
 #include "recording_cef/recording_cef.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,6 @@
+// The resource manager: the order of its providers, what they
+// serve, and requests that they give up.
+
 #include "include/wrapper/cef_resource_manager.h"
 
 #include <gtest/gtest.h>

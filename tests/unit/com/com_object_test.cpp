@@ -1,3 +1,6 @@
+// Reference counting, the end of an object's life, and the
+// creation of plain and aggregated objects.
+
 #include "com/com_object.h"
 
 #include <wrl/client.h>

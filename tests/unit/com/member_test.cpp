@@ -1,3 +1,5 @@
+// The frames of COM members: the module state inside, and what becomes of exceptions.
+
 #include "com/member.h"
 
 #include <gtest/gtest.h>

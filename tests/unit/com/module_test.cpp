@@ -1,3 +1,5 @@
+// The module's own state, its lock count and its path.
+
 #include "com/module.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// Copies of automation texts in both directions.
+
 #include "com/text.h"
 
 #include <comutil.h>

@@ -1,3 +1,5 @@
+// The four lists of texts that the chooser shows of certificates, and the dates among them.
+
 #include "dialogs/certificate_texts.h"
 
 #include <gmock/gmock.h>

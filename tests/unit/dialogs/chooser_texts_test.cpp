@@ -1,3 +1,5 @@
+// The chooser's serial numbers and prompt.
+
 #include "dialogs/chooser_texts.h"
 
 #include <gtest/gtest.h>

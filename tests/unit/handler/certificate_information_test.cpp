@@ -1,3 +1,5 @@
+// What is read from a certificate of CEF's for the text about it.
+
 #include "handler/certificate_information.h"
 
 #include <gtest/gtest.h>

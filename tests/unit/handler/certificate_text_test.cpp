@@ -1,3 +1,5 @@
+// The text about a certificate: its rows, flags and times.
+
 #include "handler/certificate_text.h"
 
 #include <gtest/gtest.h>

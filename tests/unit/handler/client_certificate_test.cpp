@@ -1,5 +1,5 @@
 // A server asks for a client certificate: what is left to CEF, what waits for the host's thread,
-// and what CEF is answered.
+// and what CEF is given.
 #include <gmock/gmock.h>
 
 #include <optional>
@@ -26,7 +26,7 @@ using testing::RecordingDispatcher;
 using testing::ShownList;
 using ::testing::SizeIs;
 
-// Writes down what it is answered.
+// Writes down which certificate it is given.
 class RecordingCallback final : public CefSelectClientCertificateCallback {
  public:
   std::vector<CefX509Certificate*> selected;

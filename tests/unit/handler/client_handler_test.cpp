@@ -1,4 +1,4 @@
-// Construction, references and the answers to what CEF asks for.
+// Construction, references and what CEF gets when it asks for a handler.
 #include "handler/kz_cef_client_handler.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,5 @@
+// The switch of the console log, and the file that it is appended to.
+
 #include "handler/console_log.h"
 
 #include <gtest/gtest.h>

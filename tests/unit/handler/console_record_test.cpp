@@ -1,3 +1,5 @@
+// The form of one record of the console log.
+
 #include "handler/console_record.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,6 @@
+// The paths of downloads: the default, the folder of a path,
+// and the choice between host and default.
+
 #include "handler/download_path.h"
 
 #include <gtest/gtest.h>

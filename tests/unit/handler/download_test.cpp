@@ -1,4 +1,4 @@
-// What becomes of downloads, and what the host hears of them.
+// What becomes of downloads, and what the host is told of them.
 #include <comdef.h>
 #include <gmock/gmock.h>
 
@@ -20,7 +20,7 @@ using testing::HandlerTest;
 using ::testing::InSequence;
 using ::testing::IsEmpty;
 
-// The user's downloads, as the system answers it.
+// The user's folder for downloads, as the system returns it.
 std::wstring g_downloads;
 
 HRESULT WINAPI AnswerDownloads(REFKNOWNFOLDERID, DWORD, HANDLE, PWSTR* path) {

@@ -1,3 +1,5 @@
+// How the shell is asked for the user's Downloads folder, and what its failure leads to.
+
 #include "handler/downloads_folder.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +17,7 @@ struct FolderCall {
   bool has_token = true;
 } g_call;
 
-// Answers a folder of its own.
+// Returns a folder of its own.
 HRESULT WINAPI RecordFolder(REFKNOWNFOLDERID id, DWORD flags, HANDLE token, PWSTR* path) {
   g_call = {IsEqualGUID(id, FOLDERID_Downloads) != FALSE, flags, token != nullptr};
   constexpr wchar_t kPath[] = L"C:\\\u00E4\\Downloads";

@@ -1,3 +1,6 @@
+// The way from the address in a posted message to the dispatcher
+// of a client handler that still lives.
+
 #include "handler/posted_message.h"
 
 #include <gmock/gmock.h>

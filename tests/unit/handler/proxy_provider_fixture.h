@@ -23,7 +23,7 @@ inline constexpr wchar_t kHarbor[] = L"{219180B0-7183-4FE2-B167-4E2BFE534004}";
 
 // What a provider does, and what it was asked.
 struct Provider {
-  // What GetIDsOfNames and Invoke answer; the result is written even when Invoke fails.
+  // What GetIDsOfNames and Invoke return; the result is written even when Invoke fails.
   HRESULT naming = S_OK;
   HRESULT calling = S_OK;
   std::function<void(VARIANT*, EXCEPINFO*)> result = [](VARIANT*, EXCEPINFO*) {};
@@ -146,7 +146,7 @@ class RegisteredProvider {
   DWORD cookie_ = 0;
 };
 
-// Answers `text` as automation does.
+// Returns `text` as automation does.
 inline std::function<void(VARIANT*, EXCEPINFO*)> Text(const std::wstring& text) {
   return [=](VARIANT* result, EXCEPINFO*) {
     V_VT(result) = VT_BSTR;

@@ -18,7 +18,7 @@ class RecordingDispatcher final : public HostThreadDispatcher {
     const kzCefClientHandler* handler = nullptr;
   };
 
-  // What it answers.
+  // What it returns.
   bool pending = false;
   Identifier next_identifier = 1;
   // Called inside ProcessRequest.

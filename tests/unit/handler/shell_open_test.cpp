@@ -1,3 +1,5 @@
+// How a URL is handed to the shell.
+
 #include "handler/shell_open.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// Which URLs count as the same.
+
 #include "handler/url_comparison.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// What the sample host's handler answers, by the rules that it was given.
+
 #include "portable/answer_table.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// The sample host's log: numbers, searches, and the lines for file and console.
+
 #include "portable/notification_log.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// The two written forms of a notification.
+
 #include "portable/notification.h"
 
 #include <gtest/gtest.h>

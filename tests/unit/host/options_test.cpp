@@ -1,3 +1,5 @@
+// The command line of the sample host.
+
 #include "portable/options.h"
 
 #include <gtest/gtest.h>

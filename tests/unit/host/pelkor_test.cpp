@@ -1,3 +1,5 @@
+// What the sample host's trace library prints. KZ_PELKOR is its path.
+
 #include <windows.h>
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// Steps files: what is read from them, and what is said of wrong ones.
+
 #include "portable/steps_reader.h"
 
 #include <gtest/gtest.h>

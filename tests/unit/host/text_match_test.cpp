@@ -1,3 +1,5 @@
+// Patterns with stars, and conditions on the arguments of notifications.
+
 #include "portable/text_match.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // A client certificate from the server's request to the user's choice: the message to the host, the
-// host's way back, the dialog, and what CEF is answered.
+// host's way back, the dialog, and what CEF is given.
 #include <gmock/gmock.h>
 
 #include <functional>
@@ -27,7 +27,7 @@ using ::testing::Pair;
 using testing::Press;
 using testing::ShownList;
 
-// Adds what it is answered to a list under its own number.
+// Adds the certificate that it is given to a list, under its own number.
 class NumberedCallback final : public CefSelectClientCertificateCallback {
  public:
   using Answers = std::vector<std::pair<int, std::string>>;

@@ -53,7 +53,7 @@ class BrowserInWindowTest : public ::testing::Test {
 
 class InstanceTest : public BrowserInWindowTest {
  protected:
-  // Brings the instance to life with the browser, and answers its client handler.
+  // Brings the instance to life with the browser, and returns its client handler.
   CefRefPtr<kzCefClientHandler> StartWithBrowser() {
     EXPECT_EQ(instance_.CreateBrowser(parent_.handle(), "http://a.test/"), 1);
     instance_.OnBrowserCreated(browser_);

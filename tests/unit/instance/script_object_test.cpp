@@ -1,3 +1,5 @@
+// Marshalling of host objects for a page's process, and reading streams.
+
 #include "runtime/script_object.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,6 @@
+// The choice of a cache directory among live, dead and racing
+// processes, and the release of its lock.
+
 #include "runtime/cache_directory.h"
 
 #include <windows.h>
@@ -228,7 +231,7 @@ TEST(CacheLock, IsNotGivenBackBeforeADirectoryWasChosen) {
   EXPECT_FALSE(ReleaseCacheLock());
 }
 
-// Lets twenty processes loose on one base directory at the same time and answers what each chose.
+// Lets twenty processes loose on one base directory at the same time and returns what each chose.
 std::vector<std::string> Race(const std::string& base) {
   // Of this process's own: other races may be under way beside it.
   const std::wstring go_name = L"kzcef-cache-race-" + std::to_wstring(GetCurrentProcessId());

@@ -1,3 +1,6 @@
+// Each getter is recorded, and supplies its value, leaves it alone or fails, as the test has set
+// it.
+
 #include "fake_settings.h"
 
 namespace kzcef {

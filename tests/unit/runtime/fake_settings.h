@@ -1,4 +1,4 @@
-// A settings object as a host of its own might implement it: it answers whatever a test wants, and
+// A settings object as a host of its own might implement it: it supplies whatever a test wants, and
 // remembers what it was asked.
 #pragma once
 

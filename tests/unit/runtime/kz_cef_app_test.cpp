@@ -1,4 +1,5 @@
-// Runs beside the stand-in for the host's trace library.
+// The switches with which the browser process starts. Runs beside a double of the host's trace
+// library.
 #include "runtime/kz_cef_app.h"
 
 #include <windows.h>

@@ -1,3 +1,5 @@
+// Which of a process's windows counts as the host's main window.
+
 #include "runtime/main_window.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// Parked requests: numbers, groups that share an answer, the message to the host, and their end.
+
 #include "runtime/pending_requests.h"
 
 #include <gmock/gmock.h>

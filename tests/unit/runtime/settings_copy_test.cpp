@@ -1,3 +1,5 @@
+// Where each property of a host's settings goes, and which values are left out.
+
 #include "runtime/settings_copy.h"
 
 #include <windows.h>

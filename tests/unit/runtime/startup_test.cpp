@@ -1,3 +1,5 @@
+// The start of CEF: what it is given, that it happens once, and what makes it fail.
+
 #include "runtime/startup.h"
 
 #include <windows.h>

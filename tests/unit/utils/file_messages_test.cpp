@@ -1,3 +1,5 @@
+// The messages about files that cannot be written, to the letter.
+
 #include "utils/file_messages.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// Which lines are headers, and their two parts.
+
 #include "utils/header_line.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// Whether the hub is on. Each test is a process of its own, as the first query settles that.
+
 #include "utils/hub_connector.h"
 
 #include <gtest/gtest.h>

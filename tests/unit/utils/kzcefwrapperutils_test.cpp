@@ -1,3 +1,5 @@
+// Conversions, processes, the executable's path, and files.
+
 #include "utils/kzcefwrapperutils.h"
 
 #include <windows.h>

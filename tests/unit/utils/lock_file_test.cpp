@@ -1,3 +1,5 @@
+// Lock files among several processes: own ones, stale ones, and their removal.
+
 #include "utils/lock_file.h"
 
 #include <windows.h>

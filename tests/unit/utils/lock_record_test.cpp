@@ -1,3 +1,5 @@
+// The text of a lock file, written and read.
+
 #include "utils/lock_record.h"
 
 #include <gtest/gtest.h>

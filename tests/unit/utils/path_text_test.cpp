@@ -1,3 +1,5 @@
+// Cutting and joining paths as texts.
+
 #include "utils/path_text.h"
 
 #include <gmock/gmock.h>

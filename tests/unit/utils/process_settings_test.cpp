@@ -1,3 +1,5 @@
+// The process-wide values: their beginnings, their replacement, and the known kinds of host.
+
 #include "utils/process_settings.h"
 
 #include <gmock/gmock.h>

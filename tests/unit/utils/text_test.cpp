@@ -1,3 +1,5 @@
+// Splitting, trimming, replacing, and numbers at the beginning of a text.
+
 #include "utils/text.h"
 
 #include <gmock/gmock.h>

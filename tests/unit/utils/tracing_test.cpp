@@ -1,4 +1,5 @@
-// Runs beside the stand-in for the host's trace library.
+// Which trace lines are written, and in which form. Runs beside a double of the host's trace
+// library.
 #include "utils/tracing.h"
 
 #include <windows.h>

@@ -1,4 +1,5 @@
-// Stands in a folder of its own, in which there is no trace library until a test puts one there.
+// Tracing while the host's library is missing. The program runs in a folder of its own, in which
+// there is no trace library until a test puts one there.
 #include <windows.h>
 
 #include <gmock/gmock.h>
