@@ -1,5 +1,6 @@
-// Mouse and keyboard input for a browser's window, as posted messages: the person at the desk is
-// not needed, and neither is the focus.
+// Mouse and keyboard input for a browser's window, as posted messages to that of the engine's
+// windows inside it which would get them: the person at the desk is not needed, and neither is the
+// focus.
 #pragma once
 
 #include <windows.h>
