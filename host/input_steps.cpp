@@ -30,13 +30,41 @@ WPARAM KeyOf(wchar_t character) {
   }
 }
 
+// The window that a mouse at this place would meet: the engine's own windows are nested. Turns
+// `position` into the place in that one.
+HWND WindowAt(HWND window, POINT& position) {
+  for (;;) {
+    const HWND child = ChildWindowFromPointEx(window, position, CWP_SKIPINVISIBLE);
+    if (!child || child == window) {
+      return window;
+    }
+    MapWindowPoints(window, child, &position, 1);
+    window = child;
+  }
+}
+
+// The window below `window` that has the keyboard. Before anybody has given it to one it is the
+// first of them, in which the engine takes its keys.
+HWND WindowWithKeyboard(HWND window) {
+  GUITHREADINFO thread = {};
+  thread.cbSize = sizeof(thread);
+  if (GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &thread) &&
+      IsChild(window, thread.hwndFocus)) {
+    return thread.hwndFocus;
+  }
+  const HWND child = GetWindow(window, GW_CHILD);
+  return child ? child : window;
+}
+
 }  // namespace
 
 bool PostClick(HWND window, MouseButton button, int x, int y) {
   if (!window) {
     return false;
   }
-  const LPARAM position = MAKELPARAM(x, y);
+  POINT place = {x, y};
+  window = WindowAt(window, place);
+  const LPARAM position = MAKELPARAM(place.x, place.y);
   PostMessageW(window, WM_MOUSEMOVE, 0, position);
   if (button == MouseButton::kLeft) {
     PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, position);
@@ -52,6 +80,7 @@ bool PostText(HWND window, const std::wstring& text) {
   if (!window) {
     return false;
   }
+  window = WindowWithKeyboard(window);
   for (const wchar_t character : text) {
     const WPARAM key = KeyOf(character);
     if (key == 0) {

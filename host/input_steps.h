@@ -1,5 +1,6 @@
-// Mouse and keyboard input for a browser's window, as posted messages: neither a user nor the
-// keyboard focus is needed.
+// Mouse and keyboard input for a browser's window, as posted messages to that of the engine's
+// windows inside it which would get them: the person at the desk is not needed, and neither is the
+// focus.
 #pragma once
 
 #include <windows.h>
@@ -10,11 +11,11 @@ namespace kzhost {
 
 enum class MouseButton { kLeft, kRight };
 
-// Clicks at a position of the client area. Returns false without a window.
+// A click at a position of the client area. False without a window.
 bool PostClick(HWND window, MouseButton button, int x, int y);
 
-// Presses the keys for a text; "\n" is the Enter key, "\t" Tab, "\b" Backspace, U+001B Escape.
-// Returns false without a window.
+// The keys for a text; "\n" is the Enter key, "\t" Tab, "\b" Backspace, U+001B Escape. False
+// without a window.
 bool PostText(HWND window, const std::wstring& text);
 
 }  // namespace kzhost

@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "certificate_chains.h"
 #include "file_operation.h"
 #include "get_proc_address.h"
 #include "graphics_processor.h"
@@ -38,6 +39,8 @@ const SuppliedFunction kFunctions[] = {
      AsProc(&SuppliedDeriveAppContainerSidFromAppContainerName)},
 
     {"CoCreateInstance", AsProc(&SuppliedCoCreateInstance)},
+
+    {"CertFindChainInStore", AsProc(&SuppliedCertFindChainInStore)},
 
     {"CreateProcessW", AsProc(&SuppliedCreateProcessW)},
     {"GetCommandLineW", AsProc(&SuppliedGetCommandLineW)},

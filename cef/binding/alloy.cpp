@@ -17,6 +17,9 @@ void DisableFeatures(CefCommandLine& command_line, const std::string& features) 
 void RestoreAlloyBehaviour(CefCommandLine& command_line) {
   command_line.AppendSwitch("disable-popup-blocking");
   command_line.AppendSwitch("disable-chrome-login-prompt");
+  // CEF 123's runtime had no profiler, which suspends threads at random moments. Wine loses a
+  // thread that is suspended in the middle of a request to its server.
+  command_line.AppendSwitch("disable-stack-profiler");
   DisableFeatures(command_line,
                   "BackForwardCache,CalculateNativeWinOcclusion,DocumentPictureInPictureAPI");
 }

@@ -41,17 +41,36 @@ void Counterpart<CefRequestHandler>::ClientClass::Bind(Struct& functions) {
   cefbinding::Bind<&CefRequestHandler::GetResourceRequestHandler>(
       functions.get_resource_request_handler);
   cefbinding::Bind<&CefRequestHandler::GetAuthCredentials>(functions.get_auth_credentials);
-  cefbinding::Bind<&CefRequestHandler::OnCertificateError>(functions.on_certificate_error);
+  functions.on_certificate_error = [](Struct* self, capi::cef_browser_t* browser, int cert_error,
+                                    cef_string_utf16_t* request_url,
+                                    capi::cef_sslinfo_t* ssl_info,
+                                    capi::cef_callback_t* callback) {
+  const auto answer = Rewrap<CefCallback>(callback);
+  const bool taken = Contain([&] {
+    return ClientObject<CefRequestHandler>::ObjectOf(self)->OnCertificateError(
+        Rewrap<CefBrowser>(browser), static_cast<cef_errorcode_t>(cert_error),
+        CefString(request_url), Rewrap<CefSSLInfo>(ssl_info), answer);
+  });
+  if (!taken) {
+    answer->Cancel();
+  }
+  return 1;
+};
   functions.on_select_client_certificate =
       [](Struct* self, capi::cef_browser_t* browser, int is_proxy, cef_string_utf16_t* host,
-         int port, uint64_t count, capi::cef_x509certificate_t** certificates,
+         int port, uint64_t count, capi::cef_x509certificate_t** structures,
          capi::cef_select_client_certificate_callback_t* callback) {
-        return Contain([&]() -> int {
-          return ClientObject<CefRequestHandler>::ObjectOf(self)->OnSelectClientCertificate(
-              Rewrap<CefBrowser>(browser), is_proxy != 0, CefString(host), port,
-              RewrapAll<CefX509Certificate>(std::vector(certificates, certificates + count)),
-              Rewrap<CefSelectClientCertificateCallback>(callback));
-        });
+  const auto certificates =
+      RewrapAll<CefX509Certificate>(std::vector(structures, structures + count));
+  const auto answer = Rewrap<CefSelectClientCertificateCallback>(callback);
+  const bool taken = Contain([&] {
+    return ClientObject<CefRequestHandler>::ObjectOf(self)->OnSelectClientCertificate(Rewrap<CefBrowser>(browser), is_proxy != 0,
+                                                     CefString(host), port, certificates, answer);
+  });
+  if (!taken) {
+    answer->Select(certificates.empty() ? nullptr : certificates.front());
+  }
+  return 1;
       };
   cefbinding::Bind<&CefRequestHandler::OnRenderViewReady>(functions.on_render_view_ready);
   // The engine adds an error code and its text, which CEF 123 does not know.

@@ -66,15 +66,28 @@ def test_status_of_a_missing_page(hosts, site):
     assert events.values("LoadEndNotify", "httpStatus") == [404]
 
 
-def test_page_that_fails_before_it_comes_raises_no_load_end(hosts, site):
+def test_page_that_fails_before_it_comes_ends_with_status_0(hosts, site):
     good = site.page("/good.html")
-    # Port 9 of this machine: nobody listens.
-    events = hosts.run([created(), loaded(), do("mark"), load("http://127.0.0.1:9/nobody"),
+    nowhere = "http://127.0.0.1:9/nobody"  # nobody listens there
+    events = hosts.run([created(), loaded(), do("mark"), load(nowhere),
                         wait("LoadingStateChangeNotify", IsLoading=True), loaded(),
                         do("mark"), load(good), wait("LoadEndNotify", httpStatus=200), loaded()],
                        url=good).succeeded()
-    assert events.values("LoadEndNotify", "httpStatus") == [200, 200]
+    # Nothing has begun, but the engine's own page on the error has been loaded in the end.
+    assert events.values("LoadEndNotify", "httpStatus") == [200, 0, 200]
     assert len(events.notifications("LoadStartNotify")) == 2
+    assert events.values("AddressChangeNotify", "NewAddress") == [good, good]
+
+
+def test_blank_page_is_loaded_like_any_other(hosts, site):
+    url = site.page("/a.html")
+    events = hosts.run([created(), loaded(), load("about:blank"),
+                        wait("AddressChangeNotify", NewAddress="about:blank"), loaded(),
+                        load(url), wait("AddressChangeNotify", NewAddress=url), loaded()],
+                       url="about:blank").succeeded()
+    assert events.values("AddressChangeNotify", "NewAddress") == ["about:blank"] * 2 + [url]
+    # It comes from no server, which would have sent a status.
+    assert events.values("LoadEndNotify", "httpStatus") == [0, 0, 200]
 
 
 def test_redirect_ends_at_its_target(hosts, site):

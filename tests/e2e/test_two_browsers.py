@@ -2,6 +2,7 @@
 
 import threading
 
+from support.processes import wait_until
 from support.steps import created, do, load, loaded, pixel, script, wait
 
 BLUE = "<body style='background:#1030d0'></body>"
@@ -63,7 +64,6 @@ def test_closing_one_while_the_other_loads(hosts, site):
         do("screenshot", browser="b2", file="closed.png"), loaded("b2")])
     site.wait_for("/two.html")
     (hosts.folder / "asked").touch()
-    from support.processes import wait_until
     wait_until((hosts.folder / "closed.png").exists, what="the closing of the first window")
     gate.set()
     events = host.finish().succeeded()
@@ -100,3 +100,14 @@ def test_browsers_made_one_after_the_other_in_one_process(hosts, site):
         steps += [do("browser", name=name, url=site.page(f"/{name}.html")), created(name),
                   wait("LoadEndNotify", name, httpStatus=200), do("close", browser=name)]
     hosts.run(steps).succeeded()
+
+
+def test_page_that_closes_itself_closes_its_window_alone(hosts, site):
+    first, second = site.page("/one.html", BLUE), site.page("/two.html", RED)
+    third = site.page("/three.html", BLUE)
+    # The engine asks the host's window to close, as its user would.
+    hosts.run(start_both(first, second) + [
+        loaded("b1"), loaded("b2"), script("window.close()", "b2"),
+        do("gone", browser="b2", timeout=60_000),
+        load(third), wait("AddressChangeNotify", NewAddress=third), loaded(),
+        pixel(700, 500, "#1030d0")]).succeeded()

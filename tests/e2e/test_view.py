@@ -34,6 +34,25 @@ def test_page_follows_the_windows_size(hosts, site):
     host.finish().succeeded()
 
 
+def test_page_that_comes_while_the_window_is_resized_has_its_size(hosts, site):
+    gate = threading.Event()
+    site.page("/size")
+    host = hosts.start([created(), wait("LoadingStateChangeNotify", IsLoading=True),
+                        do("waitFile", path="asked", timeout=60_000),
+                        do("resize", width=500, height=300),
+                        do("resize", width=900, height=650),
+                        do("resize", width=640, height=480),
+                        do("screenshot", file="resized.png"), loaded(),
+                        pixel(639, 479, "#2020c0"), pixel(590, 430, "#c02020")],
+                       url=site.page("/a.html", CORNERS + TELL_SIZE, gate=gate))
+    site.wait_for("/a.html")
+    (hosts.folder / "asked").touch()
+    wait_until((hosts.folder / "resized.png").exists, 60, "the end of the resizing")
+    gate.set()
+    host.finish().succeeded()
+    assert site.paths()[-1] == "/size?640x480"
+
+
 def test_part_of_the_view_can_be_given_to_the_browser(hosts, site):
     site.page("/size")
     host = hosts.start([created(), loaded(), pixel(400, 300, "#c02020"),

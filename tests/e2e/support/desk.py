@@ -41,11 +41,15 @@ class Desk:
         processes.wait_until(lambda: not self.windows() & windows, timeout,
                              f"the end of the windows {windows}")
 
+    def wait_for_named(self, name, timeout=20):
+        """Waits for a window of that name."""
+        return set(processes.wait_until(
+            lambda: self._xdotool("search", "--onlyvisible", "--name", name).split(), timeout,
+            f"a window called {name}"))
+
     def wait_for_dialog(self, name, timeout=20):
         """Waits for a window of that name and for it to have the focus."""
-        windows = processes.wait_until(
-            lambda: self._xdotool("search", "--onlyvisible", "--name", name).split(), timeout,
-            f"a window called {name}")
+        windows = self.wait_for_named(name, timeout)
         processes.wait_until(lambda: self._xdotool("getwindowfocus").strip() in windows, timeout,
                              f"the focus in the window called {name}")
-        return set(windows)
+        return windows

@@ -125,15 +125,18 @@ class HostStarter:
         self.variables = variables
         self.started = []
 
-    def start(self, steps=None, url=None, switches=(), env=None, registered=False, cache=True):
+    def start(self, steps=None, url=None, switches=(), env=None, registered=False, cache=True,
+              bin_folder=None):
+        """With `bin_folder` the programs of that folder instead of those of the build."""
+        bin_folder = bin_folder or wine.bin_folder()
         number = len(self.started) + 1
         name = lambda suffix: self.folder / f"host{number}.{suffix}"
-        command = ["wine", str(wine.bin_folder() / "kzhost.exe"),
+        command = ["wine", str(bin_folder / "kzhost.exe"),
                    "--events", wine.windows_path(name("events"))]
         if cache:
             command += ["--cache", wine.windows_path(self.cache)]
         if not registered:
-            command += ["--server", wine.windows_path(wine.bin_folder() / "KZCEFComWrapper.dll")]
+            command += ["--server", wine.windows_path(bin_folder / "KZCEFComWrapper.dll")]
         if steps is not None:
             name("steps").write_text(step_list.as_text(steps))
             command += ["--run", wine.windows_path(name("steps"))]
