@@ -1,4 +1,5 @@
-// Posts to a window the messages that mouse and keyboard would make for it.
+// Finds the window that input would reach and posts to it the messages that mouse and keyboard
+// would make.
 
 #include "input_steps.h"
 
@@ -30,8 +31,8 @@ WPARAM KeyOf(wchar_t character) {
   }
 }
 
-// The window that a mouse at this place would meet: the engine's own windows are nested. Turns
-// `position` into the place in that one.
+// Returns the window that a mouse at this position would reach, as the engine's own windows are
+// nested, and converts `position` to that window.
 HWND WindowAt(HWND window, POINT& position) {
   for (;;) {
     const HWND child = ChildWindowFromPointEx(window, position, CWP_SKIPINVISIBLE);
@@ -43,7 +44,7 @@ HWND WindowAt(HWND window, POINT& position) {
   }
 }
 
-// The window below `window` that has the keyboard. Before anybody has given it to one it is the
+// Returns the window below `window` that has the keyboard focus. While none has it, that is the
 // first of them, in which the engine takes its keys.
 HWND WindowWithKeyboard(HWND window) {
   GUITHREADINFO thread = {};

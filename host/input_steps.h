@@ -1,6 +1,5 @@
-// Mouse and keyboard input for a browser's window, as posted messages to that of the engine's
-// windows inside it which would get them: the person at the desk is not needed, and neither is the
-// focus.
+// Mouse and keyboard input for a browser, as messages posted to the one of the engine's windows
+// inside it that would receive the input: neither a user nor the keyboard focus is needed.
 #pragma once
 
 #include <windows.h>
@@ -11,11 +10,11 @@ namespace kzhost {
 
 enum class MouseButton { kLeft, kRight };
 
-// A click at a position of the client area. False without a window.
+// Clicks at a position of the client area. Returns false without a window.
 bool PostClick(HWND window, MouseButton button, int x, int y);
 
-// The keys for a text; "\n" is the Enter key, "\t" Tab, "\b" Backspace, U+001B Escape. False
-// without a window.
+// Presses the keys for a text; "\n" is the Enter key, "\t" Tab, "\b" Backspace, U+001B Escape.
+// Returns false without a window.
 bool PostText(HWND window, const std::wstring& text);
 
 }  // namespace kzhost

@@ -32,7 +32,7 @@ TEST(SubProcess, StandsBesideTheServerAndEndsAtOnceWithoutWork) {
   const Handle process(info.hProcess);
   const Handle thread(info.hThread);
   ASSERT_EQ(WaitForSingleObject(process.get(), kPatienceMilliseconds), WAIT_OBJECT_0);
-  // CEF's answer to a process that is none of its own.
+  // What CEF returns to a process that is none of its own.
   DWORD exit_code = 0;
   ASSERT_TRUE(GetExitCodeProcess(process.get(), &exit_code));
   EXPECT_EQ(static_cast<int>(exit_code), -1);

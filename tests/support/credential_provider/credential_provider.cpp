@@ -36,7 +36,7 @@ constexpr DISPID kGetProxyCredential = 1;
 constexpr wchar_t kMemberName[] = L"GetProxyCredential";
 constexpr std::wstring_view kKind = L"{kind}";
 
-// Counts the references of an object that may answer one interface beside IUnknown.
+// Counts the references of an object that may have one interface beside IUnknown.
 template <typename Interface>
 class Object : public Interface {
  public:

@@ -1,3 +1,4 @@
+// A menu without an engine, for tests of what is put into menus.
 #pragma once
 
 #include <algorithm>

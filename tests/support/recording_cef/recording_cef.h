@@ -1,5 +1,6 @@
-// CEF's entry points without an engine: what product code asks for
-// is recorded, and a test sets what it gets.
+// A double of the functions that reach for the running engine, for tests: what product code asks
+// for is written down, and the test says what it gets. Linked in place of cef::cef; values,
+// requests and all else that needs no running engine are the real engine's, through cef::base.
 #pragma once
 
 #include <windows.h>
@@ -14,10 +15,6 @@
 #include "include/cef_cookie.h"
 #include "include/cef_request_context.h"
 #include "include/cef_task.h"
-
-// A double of the functions that reach for the running engine, for tests: what product code asks
-// for is written down, and the test says what it gets. Linked in place of cef::cef; values,
-// requests and all else that needs no running engine are the real engine's, through cef::base.
 
 namespace recording_cef {
 

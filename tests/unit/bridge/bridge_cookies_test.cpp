@@ -1,4 +1,4 @@
-// The bridge's cookie operations, on stores that answer as a test wants it.
+// The bridge's cookie operations, on stores that behave as a test wants.
 #include <gmock/gmock.h>
 
 #include <algorithm>

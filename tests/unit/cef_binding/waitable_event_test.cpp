@@ -1,3 +1,5 @@
+// CEF's events: how they are signalled, reset and waited on.
+
 #include "include/cef_waitable_event.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// The resource handler that serves a stream: status, headers, body, and none.
+
 #include "include/wrapper/cef_stream_resource_handler.h"
 
 #include <gtest/gtest.h>

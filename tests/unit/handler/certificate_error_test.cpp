@@ -27,7 +27,7 @@ class CountingCallback : public CefCallback {
   IMPLEMENT_REFCOUNTING(CountingCallback);
 };
 
-// Fails as a certificate without memory for its answers would.
+// Fails as a certificate without memory for its results would.
 class FailingSslInfo : public CefSSLInfo {
  public:
   cef_cert_status_t GetCertStatus() override { return CERT_STATUS_NONE; }
