@@ -1,5 +1,6 @@
-// The registry's tables. Every change makes a new snapshot of the pairs, which the engine's threads
-// walk without a lock; references are released outside the lock, because that runs the host's code.
+// The registry's tables. Every change of the pairs makes a new snapshot of them, which the engine's
+// threads walk without a lock; references are released outside the lock, because that runs the
+// host's code.
 
 #include "automation/kzcef_com.h"
 

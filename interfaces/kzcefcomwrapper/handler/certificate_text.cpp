@@ -1,4 +1,5 @@
-// Writes the rows of the table. Plain values and texts only, so that any certificate can be tried.
+// Writes the rows of the table. Works on plain values and texts only, so that it can be tested with
+// any certificate.
 
 #include "handler/certificate_text.h"
 
