@@ -41,11 +41,11 @@ std::wstring NameIn(const std::wstring& path) {
 }
 
 // Moves and renames files; the other operations are not needed by the engine.
-class FileOperation final : public IFileOperation {
+class FileMover final : public IFileOperation {
  public:
-  FileOperation() = default;
-  FileOperation(const FileOperation&) = delete;
-  FileOperation& operator=(const FileOperation&) = delete;
+  FileMover() = default;
+  FileMover(const FileMover&) = delete;
+  FileMover& operator=(const FileMover&) = delete;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID interface_id, void** object) override {
     if (interface_id != IID_IUnknown && interface_id != IID_IFileOperation) {
@@ -148,7 +148,7 @@ class FileOperation final : public IFileOperation {
     std::wstring to;
   };
 
-  ~FileOperation() = default;
+  ~FileMover() = default;
 
   std::atomic<ULONG> references_{1};
   DWORD flags_ = 0;
@@ -166,7 +166,7 @@ HRESULT WINAPI SuppliedCoCreateInstance(REFCLSID class_id,
     return CoCreateInstance(class_id, outer, context, interface_id, object);
   }
   ComPtr<IFileOperation> operation;
-  operation.Attach(new (std::nothrow) FileOperation);
+  operation.Attach(new (std::nothrow) FileMover);
   return operation ? operation.CopyTo(interface_id, object) : E_OUTOFMEMORY;
 }
 

@@ -64,21 +64,22 @@ TEST(ImportTable, NothingIsWrittenWithoutAReplacement) {
   EXPECT_EQ(ReplaceImports(ThisProgram(), &ReplaceUnknown), 0);
 }
 
-DWORD ProtectionOfImports() {
-  const auto* base = reinterpret_cast<const BYTE*>(ThisProgram());
+// This program's slots, which the engine's linker has in read-only memory and MinGW's has not.
+void* Slots() {
+  auto* base = reinterpret_cast<BYTE*>(ThisProgram());
   const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(
       base + reinterpret_cast<const IMAGE_DOS_HEADER*>(base)->e_lfanew);
-  const DWORD slots =
-      headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IAT].VirtualAddress;
-  MEMORY_BASIC_INFORMATION memory = {};
-  VirtualQuery(base + slots, &memory, sizeof(memory));
-  return memory.Protect;
+  return base + headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IAT].VirtualAddress;
 }
 
-TEST(ImportTable, TheSlotsAreProtectedAsBefore) {
-  const DWORD before = ProtectionOfImports();
-  ASSERT_EQ(ReplaceImports(ThisProgram(), &ReplaceProcessId), 1);
-  EXPECT_EQ(ProtectionOfImports(), before);
+TEST(ImportTable, SlotsInReadOnlyMemoryAreReplacedAndStayProtected) {
+  DWORD before = 0;
+  ASSERT_TRUE(VirtualProtect(Slots(), 1, PAGE_READONLY, &before));
+  EXPECT_EQ(ReplaceImports(ThisProgram(), &ReplaceProcessId), 1);
+  EXPECT_EQ(ImportedProcessId(), 42u);
+  MEMORY_BASIC_INFORMATION memory = {};
+  VirtualQuery(Slots(), &memory, sizeof(memory));
+  EXPECT_EQ(memory.Protect, DWORD{PAGE_READONLY});
 }
 
 TEST(ImportTable, AModuleWithoutImportsIsLeftAlone) {

@@ -30,6 +30,8 @@ class PaintingTest : public testing::Test {
     DeleteObject(bitmap_);
   }
 
+  void SetUp() override { ASSERT_NE(window_, nullptr) << "no display"; }
+
   // As LayeredWindowUpdaterImpl::Draw of Chromium.
   BOOL Draw(SIZE size) {
     const LONG style = GetWindowLongW(window_, GWL_EXSTYLE);
