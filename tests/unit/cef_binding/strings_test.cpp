@@ -1,9 +1,10 @@
+// The texts of the API and the structures that hold them. They are this side's own: none of this
+// needs an engine.
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "include/cef_base.h"
-#include "include/internal/cef_string_list.h"
 
 namespace {
 
@@ -65,16 +66,6 @@ TEST(StringTest, AttachedTextBelongsToTheOther) {
   EXPECT_EQ(data.str, nullptr);
 }
 
-TEST(StringTest, UserFreeTextChangesOwner) {
-  CefString text("gift");
-  cef_string_userfree_t given = text.DetachToUserFree();
-  EXPECT_TRUE(text.empty());
-  CefString taken;
-  taken.AttachToUserFree(given);
-  EXPECT_EQ(taken.ToString(), "gift");
-  EXPECT_EQ(CefString().DetachToUserFree(), nullptr);
-}
-
 TEST(StringTest, AssigningItselfChangesNothing) {
   CefString text("same");
   const CefString& alias = text;
@@ -85,31 +76,6 @@ TEST(StringTest, AssigningItselfChangesNothing) {
 TEST(StringTest, HoldsHugeTexts) {
   const std::string huge(8'000'000, 'h');
   EXPECT_EQ(CefString(huge).ToString(), huge);
-}
-
-TEST(StringTest, ChangesLetterCase) {
-  CefString lower;
-  cef_string_utf16_to_lower(u"ÄB1", 3, lower.GetWritableStruct());
-  EXPECT_EQ(lower.ToString16(), u"äb1");
-  CefString upper;
-  cef_string_utf16_to_upper(u"äb1", 3, upper.GetWritableStruct());
-  EXPECT_EQ(upper.ToString16(), u"ÄB1");
-}
-
-TEST(StringListTest, KeepsTextsInOrder) {
-  cef_string_list_t list = cef_string_list_alloc();
-  cef_string_list_append(list, CefString("a").GetStruct());
-  cef_string_list_append(list, CefString("b").GetStruct());
-  cef_string_list_t copy = cef_string_list_copy(list);
-  cef_string_list_clear(list);
-  EXPECT_EQ(cef_string_list_size(list), 0u);
-  ASSERT_EQ(cef_string_list_size(copy), 2u);
-  CefString value;
-  EXPECT_TRUE(cef_string_list_value(copy, 1, value.GetWritableStruct()));
-  EXPECT_EQ(value.ToString(), "b");
-  EXPECT_FALSE(cef_string_list_value(copy, 2, value.GetWritableStruct()));
-  cef_string_list_free(copy);
-  cef_string_list_free(list);
 }
 
 TEST(StructTest, CopiesTextsDeeply) {
