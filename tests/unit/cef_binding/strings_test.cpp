@@ -1,3 +1,5 @@
+// The texts of the API and the structures that hold them. They are this side's own: none of this
+// needs an engine.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -46,18 +46,6 @@ TEST_F(HandlerTest, ServesTheHandlersThatItIs) {
   EXPECT_EQ(handler_->GetRequestHandler().get(), handler_.get());
 }
 
-TEST_F(HandlerTest, ServesNoOtherHandler) {
-  EXPECT_FALSE(handler_->GetAudioHandler());
-  EXPECT_FALSE(handler_->GetCommandHandler());
-  EXPECT_FALSE(handler_->GetDialogHandler());
-  EXPECT_FALSE(handler_->GetFindHandler());
-  EXPECT_FALSE(handler_->GetFrameHandler());
-  EXPECT_FALSE(handler_->GetPermissionHandler());
-  EXPECT_FALSE(handler_->GetJSDialogHandler());
-  EXPECT_FALSE(handler_->GetPrintHandler());
-  EXPECT_FALSE(handler_->GetRenderHandler());
-}
-
 TEST_F(HandlerTest, HasItsBasesInOrder) {
   kzCefClientHandler* const handler = handler_.get();
   const std::vector<uintptr_t> bases = {

@@ -88,7 +88,6 @@ class MessageWithoutArguments : public CefProcessMessage {
   CefRefPtr<CefProcessMessage> Copy() override { return this; }
   CefString GetName() override { return name_; }
   CefRefPtr<CefListValue> GetArgumentList() override { return nullptr; }
-  CefRefPtr<CefSharedMemoryRegion> GetSharedMemoryRegion() override { return nullptr; }
 
  private:
   const CefString name_;

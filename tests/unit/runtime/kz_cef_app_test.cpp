@@ -32,7 +32,6 @@ class RecordingCommandLine : public CefCommandLine {
   bool IsValid() override { return Unexpected<bool>(); }
   bool IsReadOnly() override { return Unexpected<bool>(); }
   CefRefPtr<CefCommandLine> Copy() override { return Unexpected<CefRefPtr<CefCommandLine>>(); }
-  void InitFromArgv(int, const char* const*) override { Unexpected<int>(); }
   void InitFromString(const CefString&) override { Unexpected<int>(); }
   void Reset() override { Unexpected<int>(); }
   void GetArgv(std::vector<CefString>&) override { Unexpected<int>(); }
@@ -117,7 +116,6 @@ TEST(CommandLine, IsTheSameForEveryKindOfProcess) {
 
 TEST(Application, OffersNoHandlersOfItsOwn) {
   const CefRefPtr<CefApp> app = new kzCefApp;
-  EXPECT_FALSE(app->GetResourceBundleHandler());
   EXPECT_FALSE(app->GetBrowserProcessHandler());
   EXPECT_FALSE(app->GetRenderProcessHandler());
 }
