@@ -162,10 +162,9 @@ void PageDialog::HandleMessages(HWND window) {
     window_ = window;
   }
   ShowWindow(window, SW_SHOW);
-  // A thread's first window does not take the keyboard from another thread's by itself.
-  if (GetForegroundWindow() == GetAncestor(owner_, GA_ROOT)) {
-    SetForegroundWindow(window);
-  }
+  // A thread's first window does not take the keyboard from another thread's by itself. The system
+  // refuses this while another program has the keyboard.
+  SetForegroundWindow(window);
   MSG message;
   while (!is_done_ && !IsDismissed() && GetMessageW(&message, nullptr, 0, 0) > 0) {
     if (!IsDialogMessageW(window, &message)) {
