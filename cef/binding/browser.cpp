@@ -4,6 +4,8 @@
 #include "include/cef_client.h"
 
 #include "binding.h"
+#include "favicon_requests.h"
+#include "forced_closes.h"
 #include "settings.h"
 
 namespace cefbinding {
@@ -49,7 +51,13 @@ class BrowserHostObject final : public LibraryObject<CefBrowserHost> {
   explicit BrowserHostObject(Struct* object) : LibraryObject(object) {}
 
   CefRefPtr<CefBrowser> GetBrowser() override { return Call(&Struct::get_browser); }
-  void CloseBrowser(bool force_close) override { Call(&Struct::close_browser, force_close); }
+  void CloseBrowser(bool force_close) override {
+    const CefRefPtr<CefBrowser> browser = GetBrowser();
+    if (force_close && browser) {
+      NoteForcedClose(browser->GetIdentifier());
+    }
+    Call(&Struct::close_browser, force_close);
+  }
   bool TryCloseBrowser() override { return Call(&Struct::try_close_browser); }
   void SetFocus(bool focus) override { Call(&Struct::set_focus, focus); }
   CefWindowHandle GetWindowHandle() override { return Call(&Struct::get_window_handle); }
@@ -72,6 +80,10 @@ class BrowserHostObject final : public LibraryObject<CefBrowserHost> {
                      uint32_t max_image_size,
                      bool bypass_cache,
                      CefRefPtr<CefDownloadImageCallback> callback) override {
+    const CefRefPtr<CefBrowser> browser = GetBrowser();
+    if (is_favicon && callback && browser) {
+      callback = ExpectFavicon(browser->GetIdentifier(), image_url, callback);
+    }
     Call(&Struct::download_image, Needed(image_url), is_favicon, max_image_size, bypass_cache,
          callback);
   }
@@ -84,7 +96,7 @@ class BrowserHostObject final : public LibraryObject<CefBrowserHost> {
                     CefRefPtr<CefClient> client,
                     const CefBrowserSettings& settings,
                     const CefPoint& inspect_element_at) override {
-    Call(&Struct::show_dev_tools, windowInfo, client, settings, inspect_element_at);
+    Call(&Struct::show_dev_tools, DevToolsWindow{windowInfo}, client, settings, inspect_element_at);
   }
   void CloseDevTools() override { Call(&Struct::close_dev_tools); }
   bool HasDevTools() override { return Call(&Struct::has_dev_tools); }

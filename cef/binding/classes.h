@@ -32,6 +32,8 @@ class CefDragHandler;
 class CefFocusHandler;
 class CefFrame;
 class CefImage;
+class CefJSDialogCallback;
+class CefJSDialogHandler;
 class CefKeyboardHandler;
 class CefLifeSpanHandler;
 class CefListValue;
@@ -105,6 +107,9 @@ template <>
 struct Counterpart<CefFrame> : LibraryClass<CefFrame, capi::cef_frame_t> {};
 template <>
 struct Counterpart<CefImage> : LibraryClass<CefImage, capi::cef_image_t> {};
+template <>
+struct Counterpart<CefJSDialogCallback>
+    : LibraryClass<CefJSDialogCallback, capi::cef_jsdialog_callback_t> {};
 template <>
 struct Counterpart<CefListValue> : LibraryClass<CefListValue, capi::cef_list_value_t> {};
 template <>
@@ -198,6 +203,9 @@ template <>
 struct Counterpart<CefDragHandler> : ClientClass<CefDragHandler, capi::cef_drag_handler_t> {};
 template <>
 struct Counterpart<CefFocusHandler> : ClientClass<CefFocusHandler, capi::cef_focus_handler_t> {};
+template <>
+struct Counterpart<CefJSDialogHandler>
+    : ClientClass<CefJSDialogHandler, capi::cef_jsdialog_handler_t> {};
 template <>
 struct Counterpart<CefKeyboardHandler>
     : ClientClass<CefKeyboardHandler, capi::cef_keyboard_handler_t> {};

@@ -3,6 +3,7 @@
 #include "include/cef_context_menu_handler.h"
 
 #include "binding.h"
+#include "menu_ids.h"
 
 namespace cefbinding {
 namespace {
@@ -12,7 +13,7 @@ class RunContextMenuCallbackObject final : public LibraryObject<CefRunContextMen
   explicit RunContextMenuCallbackObject(Struct* object) : LibraryObject(object) {}
 
   void Continue(int command_id, cef_event_flags_t event_flags) override {
-    Call(&Struct::cont, command_id, event_flags);
+    Call(&Struct::cont, EngineCommand(command_id), event_flags);
   }
   void Cancel() override { Call(&Struct::cancel); }
 };
@@ -55,9 +56,21 @@ CefRefPtr<CefRunContextMenuCallback> Counterpart<CefRunContextMenuCallback>::Lib
 
 template <>
 void Counterpart<CefContextMenuHandler>::ClientClass::Bind(Struct& functions) {
-  cefbinding::Bind<&CefContextMenuHandler::OnBeforeContextMenu>(functions.on_before_context_menu);
+  functions.on_before_context_menu =
+      [](Struct* self, capi::cef_browser_t* browser, capi::cef_frame_t* frame,
+         capi::cef_context_menu_params_t* params, capi::cef_menu_model_t* model) {
+        // CEF 123's menu of a text field did not have it.
+        model->remove(model, kPasteAsPlainText);
+        CallEntry<&CefContextMenuHandler::OnBeforeContextMenu, void>(self, browser, frame, params,
+                                                                     model);
+      };
   cefbinding::Bind<&CefContextMenuHandler::RunContextMenu>(functions.run_context_menu);
-  cefbinding::Bind<&CefContextMenuHandler::OnContextMenuCommand>(functions.on_context_menu_command);
+  functions.on_context_menu_command =
+      [](Struct* self, capi::cef_browser_t* browser, capi::cef_frame_t* frame,
+         capi::cef_context_menu_params_t* params, int command_id, auto event_flags) {
+        return CallEntry<&CefContextMenuHandler::OnContextMenuCommand, int>(
+            self, browser, frame, params, KnownCommand(command_id), event_flags);
+      };
   cefbinding::Bind<&CefContextMenuHandler::OnContextMenuDismissed>(
       functions.on_context_menu_dismissed);
 }

@@ -12,6 +12,8 @@ bool CefCreateDirectory(const CefString& full_path) {
 }
 
 bool CefDeleteFile(const CefString& path, bool recursive) {
-  if (cefbinding::EngineHasEnded()) { return _wunlink(path.ToWString().c_str()) == 0; }
+  if (cefbinding::EngineHasEnded()) {
+    return _wunlink(path.ToWString().c_str()) == 0;
+  }
   return CallEngine(&capi::Functions::cef_delete_file, Needed(path), recursive);
 }

@@ -6,6 +6,7 @@
 #include "binding.h"
 #include "include/cef_app.h"
 #include "settings.h"
+#include "start_settings.h"
 
 using cefbinding::CallEngine;
 using cefbinding::Engine;
@@ -22,6 +23,21 @@ void ReportRefusal(const CefSettings& settings, const std::string& reason) {
   const std::wstring file = CefString(&settings.log_file).ToWString();
   if (!file.empty()) {
     std::ofstream(std::filesystem::path(file), std::ios::app) << "ERROR: " << reason << "\n";
+  }
+}
+
+// Never destroyed: a process may end on any thread.
+std::filesystem::path& TemporaryRoot() {
+  static auto* const root = new std::filesystem::path;
+  return *root;
+}
+
+void DeleteTemporaryRoot() {
+  if (!TemporaryRoot().empty()) {
+    // What a sub-process still holds stays behind.
+    std::error_code error;
+    std::filesystem::remove_all(TemporaryRoot(), error);
+    TemporaryRoot().clear();
   }
 }
 
@@ -47,11 +63,24 @@ bool CefInitialize(const CefMainArgs& args,
     ReportRefusal(settings, refusal);
     return false;
   }
-  return CallEngine(&capi::Functions::cef_initialize, args, settings,
-                    cefbinding::WithAlloyBehaviour(application), windows_sandbox_info);
+  const cefbinding::StartSettings start = cefbinding::CheckedForStart(settings);
+  TemporaryRoot() = start.temporary_root;
+  const bool started = CallEngine(
+      &capi::Functions::cef_initialize, args, start.settings,
+      cefbinding::WithAlloyBehaviour(application, cefbinding::AlloyOptions(start.settings)),
+      windows_sandbox_info);
+  if (!started) {
+    DeleteTemporaryRoot();
+  }
+  // Not before: the engine begins its log anew at its start.
+  for (const std::string& remark : start.remarks) {
+    cefbinding::LogError(remark.c_str());
+  }
+  return started;
 }
 
 void CefShutdown() {
   CallEngine(&capi::Functions::cef_shutdown);
   cefbinding::SetEngineHasEnded();
+  DeleteTemporaryRoot();
 }

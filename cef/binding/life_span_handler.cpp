@@ -4,6 +4,8 @@
 #include "include/cef_life_span_handler.h"
 
 #include "binding.h"
+#include "forced_closes.h"
+#include "js_dialog_handler.h"
 #include "settings.h"
 
 namespace cefbinding {
@@ -15,10 +17,16 @@ void Counterpart<CefLifeSpanHandler>::ClientClass::Bind(Struct& functions) {
                                  capi::cef_frame_t* frame, int /*popup_id*/, auto... rest) {
     return CallEntry<&CefLifeSpanHandler::OnBeforePopup, int>(self, browser, frame, rest...);
   };
-  cefbinding::Bind<&CefLifeSpanHandler::OnBeforeDevToolsPopup>(functions.on_before_dev_tools_popup);
+  // OnBeforeDevToolsPopup is left out: CEF 123 called it for Chrome's windows only.
   cefbinding::Bind<&CefLifeSpanHandler::OnAfterCreated>(functions.on_after_created);
   cefbinding::Bind<&CefLifeSpanHandler::DoClose>(functions.do_close);
-  cefbinding::Bind<&CefLifeSpanHandler::OnBeforeClose>(functions.on_before_close);
+  functions.on_before_close = [](Struct* self, capi::cef_browser_t* structure) {
+    const auto browser = Rewrap<CefBrowser>(structure);
+    Contain([&] { ClientObject<CefLifeSpanHandler>::ObjectOf(self)->OnBeforeClose(browser); });
+    // The engine says nothing of a dialog that its browser takes along.
+    DismissDialogOf(browser->GetIdentifier());
+    ForgetForcedClose(browser->GetIdentifier());
+  };
 }
 
 }  // namespace cefbinding

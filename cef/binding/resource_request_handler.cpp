@@ -3,6 +3,7 @@
 #include "include/cef_resource_request_handler.h"
 
 #include "binding.h"
+#include "external_protocol.h"
 
 namespace cefbinding {
 
@@ -19,8 +20,20 @@ void Counterpart<CefResourceRequestHandler>::ClientClass::Bind(Struct& functions
       functions.get_resource_response_filter);
   cefbinding::Bind<&CefResourceRequestHandler::OnResourceLoadComplete>(
       functions.on_resource_load_complete);
-  cefbinding::Bind<&CefResourceRequestHandler::OnProtocolExecution>(
-      functions.on_protocol_execution);
+  functions.on_protocol_execution = [](Struct* self, capi::cef_browser_t* browser,
+                                       capi::cef_frame_t* frame, capi::cef_request_t* structure,
+                                       int* allow_os_execution) {
+    const auto request = Rewrap<CefRequest>(structure);
+    Contain([&] {
+      bool allowed = *allow_os_execution != 0;
+      *allow_os_execution = 0;
+      ClientObject<CefResourceRequestHandler>::ObjectOf(self)->OnProtocolExecution(
+          Rewrap<CefBrowser>(browser), Rewrap<CefFrame>(frame), request, allowed);
+      if (allowed) {
+        OpenExternally(request->GetURL());
+      }
+    });
+  };
 }
 
 template <>

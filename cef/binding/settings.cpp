@@ -9,6 +9,10 @@ namespace {
 // with its tabs and prompts, is the default.
 constexpr uint32_t kAlloyStyle = 2;
 
+// DevTools exist in Chrome's style only (CreateDevToolsBrowser in chrome_browser_delegate.cc): the
+// engine complains in its log about any other.
+constexpr uint32_t kDefaultStyle = 0;
+
 // The engine added the style at the end; everything before it is as it was.
 static_assert(offsetof(capi::cef_window_info_t, window) == offsetof(cef_window_info_t, window));
 static_assert(offsetof(capi::cef_window_info_t, runtime_style) == sizeof(cef_window_info_t));
@@ -20,6 +24,14 @@ cef_window_info_t& KnownPart(capi::cef_window_info_t& info) {
 // The same characters without their owner.
 cef_string_t Borrowed(const cef_string_t& text) {
   return {text.str, text.length, nullptr};
+}
+
+capi::cef_window_info_t InStyle(const CefWindowInfo& info, uint32_t style) {
+  capi::cef_window_info_t result = {};
+  KnownPart(result) = info;
+  result.window_name = Borrowed(info.window_name);
+  result.runtime_style = style;
+  return result;
 }
 
 }  // namespace
@@ -61,11 +73,11 @@ capi::cef_settings_t EngineSettings(const CefSettings& settings) {
 }
 
 capi::cef_window_info_t EngineWindowInfo(const CefWindowInfo& info) {
-  capi::cef_window_info_t result = {};
-  KnownPart(result) = info;
-  result.window_name = Borrowed(info.window_name);
-  result.runtime_style = kAlloyStyle;
-  return result;
+  return InStyle(info, kAlloyStyle);
+}
+
+capi::cef_window_info_t EngineWindowInfo(const DevToolsWindow& window) {
+  return InStyle(window.info, kDefaultStyle);
 }
 
 Incoming<CefWindowInfo&>::Incoming(capi::cef_window_info_t* info) : info_(info) {

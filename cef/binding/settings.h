@@ -1,5 +1,5 @@
 // The structures in which the engine differs from CEF 123: the start's settings, and the
-// description of a browser's window.
+// description of a browser's window or of a DevTools window.
 #pragma once
 
 #include "binding.h"
@@ -11,6 +11,12 @@ namespace cefbinding {
 // The texts of a structure made here stay those of its source, which must outlive the call.
 capi::cef_settings_t EngineSettings(const CefSettings& settings);
 capi::cef_window_info_t EngineWindowInfo(const CefWindowInfo& info);
+
+// The description of a window that shows DevTools.
+struct DevToolsWindow {
+  const CefWindowInfo& info;
+};
+capi::cef_window_info_t EngineWindowInfo(const DevToolsWindow& window);
 
 template <>
 class Outgoing<CefSettings> {
@@ -25,17 +31,30 @@ class Outgoing<CefSettings> {
   capi::cef_settings_t settings_;
 };
 
-template <>
-class Outgoing<CefWindowInfo> {
+class OutgoingWindow {
  public:
-  explicit Outgoing(const CefWindowInfo& info) : info_(EngineWindowInfo(info)) {}
   template <class C>
   capi::cef_window_info_t* To() {
     return &info_;
   }
 
+ protected:
+  explicit OutgoingWindow(const capi::cef_window_info_t& info) : info_(info) {}
+
  private:
   capi::cef_window_info_t info_;
+};
+
+template <>
+class Outgoing<CefWindowInfo> : public OutgoingWindow {
+ public:
+  explicit Outgoing(const CefWindowInfo& info) : OutgoingWindow(EngineWindowInfo(info)) {}
+};
+
+template <>
+class Outgoing<DevToolsWindow> : public OutgoingWindow {
+ public:
+  explicit Outgoing(const DevToolsWindow& window) : OutgoingWindow(EngineWindowInfo(window)) {}
 };
 
 // A window that the engine is about to make: it, too, gets the style that all browsers have.

@@ -1,0 +1,147 @@
+"""What only the engine can show: that it behaves as CEF 123 did."""
+
+import json
+import threading
+
+import pytest
+
+from support import processes, wine
+from support.steps import created, do, load, loaded, wait
+
+# Three questions one after the other; the answers are told in the address.
+QUESTIONS = """<script>
+addEventListener('load', () => setTimeout(() => {
+  alert('first\\nsecond line');
+  const agreed = confirm('Agreed?');
+  const name = prompt('Name?', 'nobody');
+  location.hash = agreed + '-' + name;
+}, 0));
+</script>"""
+ALERT = "<script>addEventListener('load', () => setTimeout(() => alert('here'), 0));</script>"
+# Needs a click before it asks.
+ASKS_BEFORE_UNLOAD = """<style>html,body{height:100%;margin:0}</style><script>
+addEventListener('beforeunload', e => { e.preventDefault(); e.returnValue = 'stay'; });
+addEventListener('click', () => fetch('/click'));
+</script>"""
+
+
+def title_of(site):
+    return site.url("").split("//")[1] + " says"
+
+
+@pytest.mark.parametrize("keys, answers", [
+    ((["Return"], ["Return"], ["K", "Return"]), "#true-K"),
+    ((["Escape"], ["Escape"], ["Escape"]), "#false-null"),
+])
+def test_alert_confirm_and_prompt_show_a_dialog_each(hosts, site, desk, keys, answers):
+    url = site.page("/questions.html", QUESTIONS)
+    host = hosts.start([created(), wait("AddressChangeNotify", NewAddress=url + "#*")], url=url)
+    host.wait_for("BrowserCreatedNotify")
+    for pressed in keys:
+        dialog = desk.wait_for_named(title_of(site), timeout=40)
+        # The display has no window manager: keys go to the window under the pointer.
+        desk.point_at(dialog)
+        desk.key(*pressed)
+        desk.wait_until_gone(dialog)
+    events = host.finish().succeeded()
+    assert events.values("AddressChangeNotify", "NewAddress")[-1] == url + answers
+
+
+def test_dialog_keeps_neither_the_host_nor_another_browser_waiting(hosts, site, desk):
+    alerting, other = site.page("/alert.html", ALERT), site.page("/other.html")
+    host = hosts.start([created(), do("waitFile", path="seen", timeout=60_000),
+                        do("browser", name="b2", url=other), created("b2"), loaded("b2")],
+                       url=alerting)
+    host.wait_for("BrowserCreatedNotify")
+    dialog = desk.wait_for_named(title_of(site), timeout=40)
+    (hosts.folder / "seen").touch()
+    # The end of the host takes the dialog along.
+    host.finish().succeeded()
+    desk.wait_until_gone(dialog)
+    assert "/other.html" in site.paths()
+
+
+def test_dialog_goes_with_its_page(hosts, site, desk):
+    host = hosts.start([created(), do("waitFile", path="seen", timeout=60_000),
+                        load(site.page("/next.html"), hresult=0),
+                        wait("AddressChangeNotify", NewAddress=site.url("/next.html")), loaded(),
+                        do("waitFile", path="gone", timeout=60_000)],
+                       url=site.page("/alert.html", ALERT))
+    host.wait_for("BrowserCreatedNotify")
+    dialog = desk.wait_for_named(title_of(site), timeout=40)
+    (hosts.folder / "seen").touch()
+    desk.wait_until_gone(dialog, timeout=60)
+    (hosts.folder / "gone").touch()
+    host.finish().succeeded()
+
+
+def test_page_is_not_asked_when_its_window_is_closed(hosts, site, desk):
+    site.raw("/click", b"", "text/plain")
+    host = hosts.start([created(), loaded(), do("waitFile", path="seen", timeout=60_000),
+                        do("close")],
+                       url=site.page("/asks.html", ASKS_BEFORE_UNLOAD))
+    host.wait_for("LoadEndNotify")
+    desk.click(300, 250)
+    site.wait_for("/click")
+    (hosts.folder / "seen").touch()
+    host.finish().succeeded()
+
+
+def test_pages_picture_is_fetched_by_those_who_ask_for_it_alone(hosts, site):
+    # The server asks for the picture that a page names, and for no other.
+    site.raw("/named.png", b"", "image/png")
+    site.raw("/bare.html", b"<!DOCTYPE html><title>bare</title><p>no picture", "text/html")
+    site.raw("/naming.html", b"<!DOCTYPE html><link rel='icon' href='/named.png'><p>one",
+             "text/html")
+    host = hosts.start([created(), loaded(), do("waitFile", path="asked", timeout=60_000)],
+                       url=site.url("/bare.html"))
+    host.wait_for("LoadEndNotify")
+    (hosts.folder / "asked").touch()
+    events = host.finish().succeeded()
+    assert "/favicon.ico" not in site.paths()
+    assert not [url for url in events.values("BeforeResourceLoadNotify", "URLStr")
+                if url.endswith("favicon.ico")]
+
+
+ARBITRARY = {"LocalesDirPath": "C:\\arbitrary", "ResourcesDirPath": "C:\\arbitrary",
+             "Locale": "xx-arbitrary", "JavascriptFlags": "arbitrary",
+             "AcceptLanguageList": "arbitrary text", "UserAgent": "arbitrary\r\ntext",
+             "UserAgentProduct": "arbitrary", "LangResourceDllPath": "arbitrary"}
+
+
+def test_start_survives_settings_that_name_nothing(hosts, site):
+    cache = wine.windows_path(hosts.cache)
+    hosts.run([do("init", settings={"CachePath": cache, **ARBITRARY}),
+               do("browser", name="b1", url=site.page("/a.html")), created(), loaded()]).succeeded()
+    assert "/a.html" in site.paths()
+    log = (hosts.cache / "debug.log").read_text(errors="replace")
+    assert "locales_dir_path is left out: C:\\arbitrary" in log
+    assert "resources_dir_path is left out: C:\\arbitrary" in log
+
+
+# As long as Chrome's services need to come up.
+LINGERS = "<script>setTimeout(() => { location.hash = 'done'; }, 20_000);</script>"
+
+
+def test_engine_looks_for_no_host_of_its_own(hosts, site):
+    record = hosts.folder / "net.json"
+    url = site.page("/lingers.html", LINGERS)
+    hosts.run([do("init", settings={"CachePath": wine.windows_path(hosts.cache)},
+                  switches={"log-net-log": wine.windows_path(record)}),
+               do("browser", name="b1", url=url), created(),
+               wait("AddressChangeNotify", NewAddress=url + "#done")]).succeeded()
+    looked_for = {event["params"]["host"].split("//")[-1].split(":")[0]
+                  for event in events_of(record) if "host" in event.get("params", {})}
+    assert looked_for <= {"127.0.0.1"}, looked_for
+    assert record.stat().st_size > 0
+
+
+def events_of(record):
+    """The events of Chromium's own record of its network, which ends with the process."""
+    lines = record.read_text(errors="replace").splitlines()
+    events = []
+    for line in lines:
+        if line.startswith('{"params"') or line.startswith('{"phase"'):
+            events.append(json.loads(line.rstrip(",]}") + "}" * (
+                line.rstrip(",]}").count("{") - line.rstrip(",]}").count("}"))))
+    return events
