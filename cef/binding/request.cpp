@@ -2,12 +2,15 @@
 
 #include "include/cef_request.h"
 
+#include <optional>
+
 #include "binding.h"
+#include "request_detours.h"
 
 namespace cefbinding {
 namespace {
 
-class RequestObject final : public LibraryObject<CefRequest> {
+class RequestObject : public LibraryObject<CefRequest> {
  public:
   explicit RequestObject(Struct* object) : LibraryObject(object) {}
 
@@ -52,6 +55,28 @@ class RequestObject final : public LibraryObject<CefRequest> {
   ResourceType GetResourceType() override { return Call(&Struct::get_resource_type); }
   TransitionType GetTransitionType() override { return Call(&Struct::get_transition_type); }
   uint64_t GetIdentifier() override { return Call(&Struct::get_identifier); }
+};
+
+class RequestWithOwnUrl final : public RequestObject {
+ public:
+  explicit RequestWithOwnUrl(Struct* object) : RequestObject(object) {}
+
+  CefString GetURL() override { return own_url_ ? *own_url_ : RequestObject::GetURL(); }
+  void SetURL(const CefString& url) override {
+    if (!url.empty()) {
+      own_url_ = url;
+    }
+  }
+  void Set(const CefString& url,
+           const CefString& method,
+           CefRefPtr<CefPostData> postData,
+           const HeaderMap& headerMap) override {
+    SetURL(url);
+    RequestObject::Set(RequestObject::GetURL(), method, postData, headerMap);
+  }
+
+ private:
+  std::optional<CefString> own_url_;
 };
 
 class PostDataObject final : public LibraryObject<CefPostData> {
@@ -102,6 +127,10 @@ class PostDataElementObject final : public LibraryObject<CefPostDataElement> {
 template <>
 CefRefPtr<CefRequest> Counterpart<CefRequest>::LibraryClass::Wrap(Struct* object) {
   return new RequestObject(object);
+}
+
+CefRefPtr<CefRequest> WithOwnUrl(const CefRefPtr<CefRequest>& request) {
+  return new RequestWithOwnUrl(Unwrap(request));
 }
 
 template <>
