@@ -22,10 +22,13 @@ size_t ProgramLength(std::wstring_view command_line) {
   return length;
 }
 
-// Chromium names the kind of every process that it starts itself.
+// Chromium names the kind of every process that it starts itself. Such a process ends itself when
+// nobody has connected to it within 15 s, which a busy machine needs longer for under Wine: the
+// first page would then not be loaded ("Network service crashed" in the log).
 std::wstring EngineCommandLine() {
   const std::wstring_view own = GetCommandLineW();
-  return Contains(own, L"--type=") ? std::wstring(own) : WithFirstArgument(own, L"--disable-gpu");
+  return WithFirstArgument(
+      own, Contains(own, L"--type=") ? L"--ipc-connection-timeout=120" : L"--disable-gpu");
 }
 
 }  // namespace
