@@ -75,7 +75,11 @@ def test_file_goes_where_the_host_says(hosts, site, tmp_path):
     assert asked["DownloadPathName"].endswith("\\report.csv")
     assert asked["CanBeDownloaded"] is True
     assert asked["ShowSaveAsDialog"] is False
-    assert names(events)[0] == "BeforeDownloadNotify"
+    # CEF has news of a download before it asks where to, too; it has no path yet.
+    downloads = [e for e in events.notifications() if "Download" in e["notification"]]
+    earlier = downloads[:downloads.index(asked)]
+    assert {(e["notification"], e["DownloadPathName"]) for e in earlier} <= {
+        ("DownloadUpdatedNotify", "")}
     # The end is told twice, the update first.
     assert names(events)[-2:] == ["DownloadUpdatedNotify", "DownloadCompletedNotify"]
     assert updates(events)[-1] == (1, 100)
@@ -101,18 +105,25 @@ def test_file_goes_to_the_downloads_when_nobody_says_otherwise(hosts, site, down
 
 @pytest.mark.parametrize("flag", [0, 1])
 def test_forbidden_file_does_not_come(hosts, site, downloads, tmp_path, flag):
-    """Only -1 allows a download; a second one shows that the first is over."""
+    """Only -1 allows a download; any other answer cancels it, and the next one is asked about."""
     url, second = offer(site), offer(site, "second.bin")
     chosen = tmp_path / "chosen.bin"
     events = browse(hosts, site, answer(CanBeDownloaded=flag), fetch(url),
-                    wait("BeforeDownloadNotify"),
+                    wait("DownloadUpdatedNotify", DownloadStatus=2),
                     answer(CanBeDownloaded=-1, DownloadPathName=wine.windows_path(chosen)),
                     fetch(second), wait("DownloadCompletedNotify"))
     assert len(events.notifications("BeforeDownloadNotify")) == 2
+    assert [status for status, _ in updates(events)].count(2) == 1
     assert {e["DownloadPathName"] for e in events.notifications("DownloadUpdatedNotify")} <= {
         wine.windows_path(chosen), ""}
     assert list(downloads.iterdir()) == []
     assert chosen.read_bytes() == CONTENT
+
+
+def test_forbidden_file_that_stops_half_way_keeps_no_host_from_ending(hosts, site, downloads):
+    url = offer(site, body=bytes(2_000_000), half_way=threading.Event())
+    browse(hosts, site, answer(CanBeDownloaded=0), fetch(url), wait("BeforeDownloadNotify"))
+    assert list(downloads.iterdir()) == []
 
 
 def test_save_dialogue_decides(hosts, site, desk, tmp_path, downloads):
