@@ -2,10 +2,12 @@
 
 import pytest
 
-from support.steps import created, do, loaded, wait
+from support import processes
+from support.steps import created, do, loaded, pixel
 
 # The whole page is one place, and tells the server which keys and clicks it gets.
-TELL = ("<style>html,body{height:100%;margin:0}</style><script>"
+COLOUR = "#40a0a0"
+TELL = (f"<style>html,body{{height:100%;margin:0}}body,textarea{{background:{COLOUR}}}</style><script>"
         "addEventListener('keydown', e => fetch('/keydown?' + e.code));"
         "addEventListener('keyup', e => fetch('/keyup?' + e.code));"
         "addEventListener('click', () => fetch('/click'));"
@@ -25,9 +27,11 @@ def telling(site):
 
 def browse(hosts, url, *steps, env=None):
     """A host that shows the page until the file "seen" is there."""
-    host = hosts.start([created(), *steps, loaded(),
-                        do("waitFile", path="seen", timeout=60_000)], url=url, env=env)
-    host.wait_for("LoadEndNotify")
+    host = hosts.start([created(), *steps, loaded(), pixel(300, 200, COLOUR),
+                        do("screenshot", file="painted.png"),
+                        do("waitFile", path="seen", timeout=120_000)], url=url, env=env)
+    # A click at what is not to be seen yet meets nothing.
+    processes.wait_until((hosts.folder / "painted.png").exists, 120, "the page")
     return host
 
 
