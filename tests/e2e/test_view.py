@@ -1,6 +1,9 @@
 """The browser in the host's window: size, painting, several of them."""
 
+import threading
+
 from support import image, wine
+from support.processes import wait_until
 from support.steps import created, do, loaded, pixel, script, wait
 
 # Red, with a blue square of 40 pixels in the lower right corner.

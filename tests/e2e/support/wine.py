@@ -43,6 +43,12 @@ def prepare_prefix(prefix, display):
                        stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                        stderr=subprocess.DEVNULL)
         subprocess.run(["wineserver", "-w"], env=variables, timeout=300, check=True)
+    # A program that crashes ends, with a back trace, and leaves no window behind that takes the
+    # keyboard from the tests after it.
+    subprocess.run([REPOSITORY / "cmake/run-wine", "reg", "add", r"HKCU\Software\Wine\WineDbg", "/v",
+                    "ShowCrashDialog", "/t", "REG_DWORD", "/d", "0", "/f"],
+                   env=environment(prefix, display), timeout=120, check=True,
+                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
     layer = bin_folder().parent / "wine" / "bcryptprimitives.dll"
     subprocess.run([REPOSITORY / "wine" / "prepare_prefix.py", prefix, layer], timeout=300,
                    check=True, stdin=subprocess.DEVNULL)

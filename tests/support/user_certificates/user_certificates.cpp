@@ -9,6 +9,7 @@
 
 #include <wincrypt.h>
 
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -78,17 +79,33 @@ void Add(const wchar_t* certificate_file, const wchar_t* key_file, wchar_t* cont
         "CertSetCertificateContextProperty");
 }
 
+// The name of its key in the registry.
+std::wstring Thumbprint(PCCERT_CONTEXT certificate) {
+  std::array<BYTE, 20> hash = {};
+  DWORD size = sizeof(hash);
+  Check(CertGetCertificateContextProperty(certificate, CERT_SHA1_HASH_PROP_ID, hash.data(), &size),
+        "CertGetCertificateContextProperty");
+  std::wstring text;
+  for (const BYTE byte : hash) {
+    constexpr wchar_t kDigits[] = L"0123456789ABCDEF";
+    text += kDigits[byte >> 4];
+    text += kDigits[byte & 0xF];
+  }
+  return text;
+}
+
 void Remove(const wchar_t* certificate_file, const wchar_t* container) {
   const std::vector<BYTE> encoded = Content(certificate_file);
-  const Certificate wanted(CertCreateCertificateContext(X509_ASN_ENCODING, encoded.data(),
-                                                        static_cast<DWORD>(encoded.size())));
-  Check(wanted != nullptr, "CertCreateCertificateContext");
-  const Store store = UsersStore();
-  PCCERT_CONTEXT found = CertFindCertificateInStore(store.get(), X509_ASN_ENCODING, 0,
-                                                    CERT_FIND_EXISTING, wanted.get(), nullptr);
-  Check(found != nullptr, "CertFindCertificateInStore");
-  // Frees it as well, whatever becomes of it.
-  Check(CertDeleteCertificateFromStore(found), "CertDeleteCertificateFromStore");
+  const Certificate certificate(CertCreateCertificateContext(X509_ASN_ENCODING, encoded.data(),
+                                                             static_cast<DWORD>(encoded.size())));
+  Check(certificate != nullptr, "CertCreateCertificateContext");
+  // Where the store keeps it: Wine does not write down what CertDeleteCertificateFromStore takes
+  // out.
+  const std::wstring key =
+      LR"(Software\Microsoft\SystemCertificates\My\Certificates\)" + Thumbprint(certificate.get());
+  const LSTATUS deletion = RegDeleteKeyW(HKEY_CURRENT_USER, key.c_str());
+  SetLastError(static_cast<DWORD>(deletion));
+  Check(deletion == ERROR_SUCCESS, "RegDeleteKey");
   HCRYPTPROV deleted = 0;
   Check(CryptAcquireContextW(&deleted, container, nullptr, kProviderType, CRYPT_DELETEKEYSET),
         "CryptAcquireContext");
