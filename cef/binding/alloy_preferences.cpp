@@ -57,12 +57,6 @@ CefRefPtr<CefValue> Number(int number) {
   return value;
 }
 
-CefRefPtr<CefValue> Default() {
-  CefRefPtr<CefValue> value = CefValue::Create();
-  value->SetNull();
-  return value;
-}
-
 class SessionCookieRemover final : public CefCookieVisitor {
   bool Visit(const CefCookie& cookie, int /*count*/, int /*total*/, bool& deleteCookie) override {
     deleteCookie = cookie.has_expires == 0;
@@ -86,7 +80,8 @@ void RestorePreferences(const AlloyOptions& options) {
   Set(*context, "profile.default_content_setting_values.automatic_downloads", Number(kAllow));
   if (!options.has_languages) {
     for (const char* const name : kLanguages) {
-      Set(*context, name, Default());
+      // No value stands for the default one.
+      Set(*context, name, nullptr);
     }
   }
   // CEF 123 forgot a certificate that a user had accepted with the process.

@@ -4,6 +4,7 @@
 
 #include "binding.h"
 #include "favicon_requests.h"
+#include "js_dialog_handler.h"
 
 namespace cefbinding {
 namespace {
@@ -30,6 +31,21 @@ using RequestHandler = capi::cef_request_handler_t;
 
 CefRequestHandler& HandlerOf(RequestHandler* self) {
   return *ClientObject<CefRequestHandler>::ObjectOf(self);
+}
+
+// A navigation takes its page's dialog down, which would hold it up for ever: the page waits for an
+// answer.
+int CEF_CALLBACK OnBeforeBrowse(RequestHandler* self,
+                                capi::cef_browser_t* browser,
+                                capi::cef_frame_t* frame,
+                                capi::cef_request_t* request,
+                                int user_gesture,
+                                int is_redirect) {
+  if (browser && frame && frame->is_main(frame)) {
+    DismissDialogOf(browser->get_identifier(browser));
+  }
+  return CallEntry<&CefRequestHandler::OnBeforeBrowse, int>(self, browser, frame, request,
+                                                            user_gesture, is_redirect);
 }
 
 // The client is not asked about a page's picture that it has not asked for.
@@ -126,7 +142,7 @@ void CEF_CALLBACK OnRenderProcessTerminated(RequestHandler* self,
 
 template <>
 void Counterpart<CefRequestHandler>::ClientClass::Bind(Struct& functions) {
-  cefbinding::Bind<&CefRequestHandler::OnBeforeBrowse>(functions.on_before_browse);
+  functions.on_before_browse = &OnBeforeBrowse;
   cefbinding::Bind<&CefRequestHandler::OnOpenURLFromTab>(functions.on_open_urlfrom_tab);
   functions.get_resource_request_handler =
       &GetResourceRequestHandler<decltype(functions.get_resource_request_handler(

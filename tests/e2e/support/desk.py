@@ -23,6 +23,10 @@ class Desk:
         """At a place of the screen; 1 is the left button, 3 the right one."""
         self._xdotool("mousemove", str(x), str(y), "click", str(button))
 
+    def point_at(self, windows):
+        """Moves the mouse to a place near the corner of one of the windows."""
+        self._xdotool("mousemove", "--window", next(iter(windows)), "8", "4")
+
     def key(self, *names):
         self._xdotool("key", *names)
 

@@ -111,7 +111,7 @@ class AlloyAppTest : public testing::Test {
   }
   bool IsReset(const char* name) {
     const auto found = context_->preferences.find(name);
-    return found != context_->preferences.end() && found->second->GetType() == VTYPE_NULL;
+    return found != context_->preferences.end() && !found->second;
   }
 
   CefSettings settings_;
