@@ -4,6 +4,7 @@
 
 #include "alloy.h"
 #include "binding.h"
+#include "context_start.h"
 #include "include/cef_app.h"
 #include "settings.h"
 
@@ -11,6 +12,9 @@ using cefbinding::CallEngine;
 using cefbinding::Engine;
 
 namespace {
+
+// A start takes about a second, on a busy machine several.
+constexpr std::chrono::seconds kLongestStart{20};
 
 // There is no engine that could write its log: one line in its stead, in the file that it would
 // have used.
@@ -48,10 +52,12 @@ bool CefInitialize(const CefMainArgs& args,
     return false;
   }
   return CallEngine(&capi::Functions::cef_initialize, args, settings,
-                    cefbinding::WithAlloyBehaviour(application), windows_sandbox_info);
+                    cefbinding::WithContextNoted(cefbinding::WithAlloyBehaviour(application)),
+                    windows_sandbox_info);
 }
 
 void CefShutdown() {
+  cefbinding::WaitForContext(kLongestStart);
   CallEngine(&capi::Functions::cef_shutdown);
   cefbinding::SetEngineHasEnded();
 }
