@@ -53,7 +53,7 @@ class kzCefBridgeImpl final : public kzCefBridge {
   CefRefPtr<CefCookieManager> cookie_manager_;
 };
 
-// The one bridge, from the loading of the library to its unloading.
+// The one bridge, from its first use to the end of the process.
 kzCefBridgeImpl& BridgeSingleton();
 
 }  // namespace kzcef

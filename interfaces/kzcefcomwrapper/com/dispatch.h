@@ -6,6 +6,8 @@
 #include <oaidl.h>
 #include <wrl/client.h>
 
+#include "com/never_destroyed.h"
+
 namespace kzcef {
 
 // The type information of `iid` in the type library that the DLL carries as its resource; the
@@ -89,13 +91,13 @@ class DispatchImpl : public Primary {
   ~DispatchImpl() = default;
 
  private:
-  // The object's type information, without a reference of the caller's own: it lives as long as the
-  // DLL.
+  // The object's type information, without a reference of the caller's own: it is never
+  // given back.
   static HRESULT OwnTypeInfo(ITypeInfo** info) noexcept {
-    static Microsoft::WRL::ComPtr<ITypeInfo> cached;
+    static const NeverDestroyed<Microsoft::WRL::ComPtr<ITypeInfo>> cached;
     static const HRESULT loaded =
-        ModuleTypeInfo(__uuidof(typename Described<Primary>::Interface), cached);
-    *info = cached.Get();
+        ModuleTypeInfo(__uuidof(typename Described<Primary>::Interface), *cached);
+    *info = cached->Get();
     return loaded;
   }
 };

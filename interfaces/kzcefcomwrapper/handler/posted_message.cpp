@@ -4,6 +4,7 @@
 #include <mutex>
 #include <utility>
 
+#include "com/never_destroyed.h"
 #include "handler/contained_notification.h"
 
 namespace kzcef {
@@ -17,9 +18,8 @@ struct Dispatchers {
   std::map<const kzCefClientHandler*, CefRefPtr<HostThreadDispatcher>> of_handler;
 };
 
-// Never destroyed: handlers may outlive the static objects.
 Dispatchers& LivingDispatchers() {
-  static auto* const dispatchers = new Dispatchers;
+  static const NeverDestroyed<Dispatchers> dispatchers;
   return *dispatchers;
 }
 
