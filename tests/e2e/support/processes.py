@@ -4,6 +4,11 @@ import os
 import time
 from pathlib import Path
 
+from . import wine
+
+# What the engine runs its processes with.
+_PROGRAM = "kzCefSubProc.exe"
+
 
 def command_lines():
     """Process id and command line of every living process."""
@@ -25,21 +30,23 @@ def naming(text):
 
 
 def engine_processes(folder):
-    """The processes of browsers whose profile lies in `folder`."""
-    return {pid: line for pid, line in naming(f"--user-data-dir={folder}").items()
-            if "kzhost" not in line}
+    """The engine's processes beside its host whose profile lies in `folder`: each is told where."""
+    profile = f"--user-data-dir={wine.windows_path(folder)}"
+    return {pid: line for pid, line in naming(profile).items() if _PROGRAM in line}
 
 
-def browser_process(folder):
-    """The one among them that started the others."""
-    main = [pid for pid, line in engine_processes(folder).items()
-            if "--type=" not in line and "headless" in line.split(" ")[0]]
-    assert len(main) == 1, f"not one browser process but {len(main)}: {engine_processes(folder)}"
-    return main[0]
+def engine_process(folder, kind):
+    """The one of them of a kind: "renderer", "gpu-process", or what a utility process is for, such as
+    "network.mojom.NetworkService"."""
+    kinds = (f"--type={kind} ", f"--utility-sub-type={kind} ")
+    found = engine_processes(folder)
+    of_kind = [pid for pid, line in found.items() if any(k in line for k in kinds)]
+    assert len(of_kind) == 1, f"not one process of the kind {kind} but {len(of_kind)}: {found}"
+    return of_kind[0]
 
 
 def wait_until(condition, timeout=20, what="the condition"):
-    """Asks again until it holds; answers what it answered."""
+    """Evaluates the condition again and again until it holds; returns its value."""
     end = time.monotonic() + timeout
     while True:
         answer = condition()

@@ -35,12 +35,17 @@ def environment(prefix, display, extra=None):
 
 
 def prepare_prefix(prefix, display):
-    """Creates the prefix if it is not there."""
-    if (prefix / "system.reg").exists():
-        return
-    prefix.mkdir(parents=True, exist_ok=True)
-    subprocess.run(["wine", "wineboot", "-i"], env=environment(prefix, display), timeout=120,
-                   check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    """Creates the prefix if it is not there, and gives it what the engine needs."""
+    if not (prefix / "system.reg").exists():
+        prefix.mkdir(parents=True, exist_ok=True)
+        variables = environment(prefix, display)
+        subprocess.run(["wine", "wineboot", "-i"], env=variables, timeout=300, check=True,
+                       stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL)
+        subprocess.run(["wineserver", "-w"], env=variables, timeout=300, check=True)
+    layer = bin_folder().parent / "wine" / "bcryptprimitives.dll"
+    subprocess.run([REPOSITORY / "wine" / "prepare_prefix.py", prefix, layer], timeout=300,
+                   check=True, stdin=subprocess.DEVNULL)
 
 
 class Display:
