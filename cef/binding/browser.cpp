@@ -4,6 +4,7 @@
 #include "include/cef_client.h"
 
 #include "binding.h"
+#include "keep_alives.h"
 #include "settings.h"
 
 namespace cefbinding {
@@ -84,6 +85,9 @@ class BrowserHostObject final : public LibraryObject<CefBrowserHost> {
                     CefRefPtr<CefClient> client,
                     const CefBrowserSettings& settings,
                     const CefPoint& inspect_element_at) override {
+    if (const CefRefPtr<CefBrowser> browser = GetBrowser()) {
+      NoteDevTools(browser->GetIdentifier());
+    }
     Call(&Struct::show_dev_tools, windowInfo, client, settings, inspect_element_at);
   }
   void CloseDevTools() override { Call(&Struct::close_dev_tools); }

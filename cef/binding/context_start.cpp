@@ -2,7 +2,7 @@
 
 #include "context_start.h"
 
-#include <condition_variable>
+#include <future>
 #include <memory>
 #include <mutex>
 #include <utility>
@@ -13,27 +13,6 @@
 
 namespace cefbinding {
 namespace {
-
-// Happens once, for any number of waiting threads.
-class Event {
- public:
-  void Set() {
-    {
-      const std::lock_guard lock(mutex_);
-      has_happened_ = true;
-    }
-    happened_.notify_all();
-  }
-  bool WaitUntil(std::chrono::steady_clock::time_point end) {
-    std::unique_lock lock(mutex_);
-    return happened_.wait_until(lock, end, [this] { return has_happened_; });
-  }
-
- private:
-  std::mutex mutex_;
-  std::condition_variable happened_;
-  bool has_happened_ = false;
-};
 
 // The tasks that wait for the context.
 class Waiting {
@@ -62,11 +41,6 @@ class Waiting {
 };
 
 // Never destroyed: the engine's threads may outlive static objects.
-Event& ContextEvent() {
-  static auto& event = *new Event;
-  return event;
-}
-
 Waiting& TheWaiting() {
   static auto& waiting = *new Waiting;
   return waiting;
@@ -82,7 +56,6 @@ class NotingBrowserProcess final : public CefBrowserProcessHandler {
       host_->OnContextInitialized();
     }
     TheWaiting().PostAll();
-    ContextEvent().Set();
   }
   void OnBeforeChildProcessLaunch(CefRefPtr<CefCommandLine> command_line) override {
     if (host_) {
@@ -134,17 +107,21 @@ void PostWithContext(base::OnceClosure task) {
   TheWaiting().Post(std::move(task));
 }
 
-void WaitForContext(std::chrono::milliseconds timeout) {
-  const auto end = std::chrono::steady_clock::now() + timeout;
-  if (CefCurrentlyOn(TID_UI) || !ContextEvent().WaitUntil(end)) {
+void RunWithContext(base::OnceClosure task, std::chrono::milliseconds timeout) {
+  if (CefCurrentlyOn(TID_UI)) {
+    std::move(task).Run();
     return;
   }
-  // The task may run after this function has given up.
-  const auto done = std::make_shared<Event>();
-  if (CefPostTask(TID_UI, base::BindOnce([](const std::shared_ptr<Event>& event) { event->Set(); },
-                                         done))) {
-    done->WaitUntil(end);
-  }
+  // Shared: the task may run after this function has given up.
+  const auto done = std::make_shared<std::promise<void>>();
+  std::future<void> is_done = done->get_future();
+  PostWithContext(base::BindOnce(
+      [](base::OnceClosure closure, const std::shared_ptr<std::promise<void>>& promise) {
+        std::move(closure).Run();
+        promise->set_value();
+      },
+      std::move(task), done));
+  is_done.wait_for(timeout);
 }
 
 }  // namespace cefbinding

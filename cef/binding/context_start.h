@@ -17,9 +17,8 @@ CefRefPtr<CefApp> WithContextNoted(CefRefPtr<CefApp> application);
 // those that came before it. Any thread.
 void PostWithContext(base::OnceClosure task);
 
-// Waits until the context has been initialized and the UI thread has done what was asked of it
-// until then; not on the UI thread itself, which could not do it meanwhile. Gives up after
-// `timeout`: a context whose profile cannot be opened never comes.
-void WaitForContext(std::chrono::milliseconds timeout);
+// The same, and returns once it has been done; on the UI thread, which could not do it meanwhile,
+// does it at once. Gives up after `timeout`: a context whose profile cannot be opened never comes.
+void RunWithContext(base::OnceClosure task, std::chrono::milliseconds timeout);
 
 }  // namespace cefbinding

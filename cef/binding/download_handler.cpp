@@ -3,6 +3,7 @@
 #include "include/cef_download_handler.h"
 
 #include "binding.h"
+#include "keep_alives.h"
 
 namespace cefbinding {
 namespace {
@@ -48,7 +49,17 @@ void Counterpart<CefDownloadHandler>::ClientClass::Bind(Struct& functions) {
     CallEntry<&CefDownloadHandler::OnBeforeDownload, void>(self, arguments...);
     return 1;
   };
-  cefbinding::Bind<&CefDownloadHandler::OnDownloadUpdated>(functions.on_download_updated);
+  functions.on_download_updated = [](Struct* self, capi::cef_browser_t* browser,
+                                     capi::cef_download_item_t* download_item,
+                                     capi::cef_download_item_callback_t* item_callback) {
+    const auto item = Rewrap<CefDownloadItem>(download_item);
+    const auto callback = Rewrap<CefDownloadItemCallback>(item_callback);
+    NoteDownload(item, callback);
+    Contain([&] {
+      ClientObject<CefDownloadHandler>::ObjectOf(self)->OnDownloadUpdated(
+          Rewrap<CefBrowser>(browser), item, callback);
+    });
+  };
 }
 
 }  // namespace cefbinding

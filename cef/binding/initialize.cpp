@@ -1,11 +1,14 @@
 // include/cef_app.h's functions: start and end of the engine, and of its sub-processes.
 
+#include <chrono>
 #include <fstream>
 
 #include "alloy.h"
 #include "binding.h"
 #include "context_start.h"
+#include "include/base/cef_bind.h"
 #include "include/cef_app.h"
+#include "keep_alives.h"
 #include "settings.h"
 
 using cefbinding::CallEngine;
@@ -15,6 +18,9 @@ namespace {
 
 // A start takes about a second, on a busy machine several.
 constexpr std::chrono::seconds kLongestStart{20};
+
+// Of the thread that starts and ends the engine.
+bool g_runs = false;
 
 // There is no engine that could write its log: one line in its stead, in the file that it would
 // have used.
@@ -51,13 +57,16 @@ bool CefInitialize(const CefMainArgs& args,
     ReportRefusal(settings, refusal);
     return false;
   }
-  return CallEngine(&capi::Functions::cef_initialize, args, settings,
-                    cefbinding::WithContextNoted(cefbinding::WithAlloyBehaviour(application)),
-                    windows_sandbox_info);
+  g_runs = CallEngine(&capi::Functions::cef_initialize, args, settings,
+                      cefbinding::WithContextNoted(cefbinding::WithAlloyBehaviour(application)),
+                      windows_sandbox_info);
+  return g_runs;
 }
 
 void CefShutdown() {
-  cefbinding::WaitForContext(kLongestStart);
+  if (g_runs) {
+    cefbinding::RunWithContext(base::BindOnce(&cefbinding::EndKeepAlives), kLongestStart);
+  }
   CallEngine(&capi::Functions::cef_shutdown);
   cefbinding::SetEngineHasEnded();
 }

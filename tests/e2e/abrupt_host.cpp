@@ -2,7 +2,7 @@
 //
 // Usage: abrupt_host SERVER CACHE URL WAY. An empty URL stands for no browser. Prints "ready" when
 // the engine runs and the page has its address, then ends the way named, with the status 7 where
-// the way has a status of its own.
+// the way lets a program choose.
 #include <windows.h>
 
 #include <objbase.h>
@@ -107,8 +107,16 @@ int End(std::wstring_view way) {
     TerminateProcess(GetCurrentProcess(), kStatus);
   }
   if (way == L"console") {
-    GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, 0);
+    AllocConsole();
+    if (!GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, 0)) {
+      return static_cast<int>(GetLastError());
+    }
     WaitForTheEnd();
+  }
+  if (way == L"FreeLibrary") {
+    FreeLibrary(GetModuleHandleW(L"KZCEFComWrapper.dll"));
+    // Long enough for the engine's threads to come by.
+    HandleMessages(kAskAgain);
   }
   if (way == L"wait") {
     WaitForTheEnd();
