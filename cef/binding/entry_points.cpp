@@ -11,6 +11,7 @@
 #include "include/cef_request_context.h"
 #include "include/cef_task.h"
 #include "include/wrapper/cef_closure_task.h"
+#include "parking.h"
 #include "settings.h"
 
 using cefbinding::CallEngine;
@@ -24,16 +25,23 @@ bool CefBrowserHost::CreateBrowser(const CefWindowInfo& windowInfo,
   if (cefbinding::EngineHasEnded() || !cefbinding::Engine().refusal.empty()) {
     return false;
   }
-  // As the engine's own function does it, but for the look at the parent: a browser whose window
-  // cannot be made stays in the engine half made, and takes the process along when it ends.
+  // As the engine's own function does it, but for the parking.
   cefbinding::PostWithContext(base::BindOnce(
-      [](const CefWindowInfo& window_info, const CefRefPtr<CefClient>& browser_client,
+      [](const CefWindowInfo& description, const CefRefPtr<CefClient>& browser_client,
          const CefString& address, const CefBrowserSettings& browser_settings,
          const CefRefPtr<CefDictionaryValue>& information,
          const CefRefPtr<CefRequestContext>& context) {
-        if (!window_info.parent_window || IsWindow(window_info.parent_window)) {
-          CreateBrowserSync(window_info, browser_client, address, browser_settings, information,
-                            context);
+        CefWindowInfo window_info(description);
+        if (window_info.parent_window) {
+          window_info.parent_window = cefbinding::MakeParking(window_info.parent_window);
+          if (!window_info.parent_window) {
+            return;
+          }
+        }
+        const CefRefPtr<CefBrowser> browser = CreateBrowserSync(
+            window_info, browser_client, address, browser_settings, information, context);
+        if (browser) {
+          cefbinding::LeaveParking(browser);
         }
       },
       windowInfo, client, url, settings, extra_info, request_context));
