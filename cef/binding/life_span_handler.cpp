@@ -4,7 +4,6 @@
 #include "include/cef_life_span_handler.h"
 
 #include "binding.h"
-#include "parking.h"
 #include "settings.h"
 
 namespace cefbinding {
@@ -17,13 +16,7 @@ void Counterpart<CefLifeSpanHandler>::ClientClass::Bind(Struct& functions) {
     return CallEntry<&CefLifeSpanHandler::OnBeforePopup, int>(self, browser, frame, rest...);
   };
   cefbinding::Bind<&CefLifeSpanHandler::OnBeforeDevToolsPopup>(functions.on_before_dev_tools_popup);
-  functions.on_after_created = [](Struct* self, capi::cef_browser_t* structure) {
-    const auto browser = Rewrap<CefBrowser>(structure);
-    Contain([&] {
-      LeaveParking(browser);
-      ClientObject<CefLifeSpanHandler>::ObjectOf(self)->OnAfterCreated(browser);
-    });
-  };
+  cefbinding::Bind<&CefLifeSpanHandler::OnAfterCreated>(functions.on_after_created);
   cefbinding::Bind<&CefLifeSpanHandler::DoClose>(functions.do_close);
   cefbinding::Bind<&CefLifeSpanHandler::OnBeforeClose>(functions.on_before_close);
 }

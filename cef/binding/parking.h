@@ -3,7 +3,8 @@
 // The engine does not survive the loss of the parent of a window that it is making: what it has of
 // the browser by then is taken down under its hands. A host may close its window at any moment, on
 // a thread of its own. So the engine makes the window in a hidden one of this side's, on its own
-// thread, and it moves to its parent when it is complete.
+// thread, and it moves to its parent when the browser is complete: a moment after the browser has
+// been told of by OnAfterCreated, in which the engine still works on it.
 #pragma once
 
 #include <windows.h>
