@@ -19,9 +19,9 @@ HWND MakeParking(HWND parent) {
   }
   // The engine looks whether the browser is to be kept above other windows.
   const LONG_PTR style = GetWindowLongPtrW(GetAncestor(parent, GA_ROOT), GWL_EXSTYLE);
-  const HWND parking = CreateWindowExW(WS_EX_TOOLWINDOW | (static_cast<DWORD>(style) & WS_EX_TOPMOST),
-                                       L"STATIC", nullptr, WS_POPUP | WS_CLIPCHILDREN, 0, 0, 1, 1,
-                                       nullptr, nullptr, nullptr, nullptr);
+  const HWND parking = CreateWindowExW(
+      WS_EX_TOOLWINDOW | (static_cast<DWORD>(style) & WS_EX_TOPMOST), L"STATIC", nullptr,
+      WS_POPUP | WS_CLIPCHILDREN, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
   if (parking) {
     SetPropW(parking, kParent, parent);
   }

@@ -29,8 +29,8 @@ ComPtr<IKZCEFComApplication> CreateApplication(const wchar_t* server) {
   const auto get_class = reinterpret_cast<LPFNGETCLASSOBJECT>(
       module ? GetProcAddress(module, "DllGetClassObject") : nullptr);
   ComPtr<IClassFactory> factory;
-  if (get_class && SUCCEEDED(get_class(__uuidof(KZCEFComApplication),
-                                       IID_PPV_ARGS(factory.GetAddressOf())))) {
+  if (get_class &&
+      SUCCEEDED(get_class(__uuidof(KZCEFComApplication), IID_PPV_ARGS(factory.GetAddressOf())))) {
     factory->CreateInstance(nullptr, IID_PPV_ARGS(application.GetAddressOf()));
   }
   return application;

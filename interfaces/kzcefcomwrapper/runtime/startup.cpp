@@ -48,7 +48,8 @@ void UseCacheDirectory(const std::string& directory,
 }
 
 // From the start on the engine's threads run code of this library, so nobody may unload it: not the
-// host, and not COM, which unloads every server's library when a thread gives up COM, in use or not.
+// host, and not COM, which unloads every server's library when a thread gives up COM, in use or
+// not.
 void StayLoaded() {
   HMODULE module = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
