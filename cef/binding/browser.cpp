@@ -6,6 +6,7 @@
 #include "binding.h"
 #include "favicon_requests.h"
 #include "forced_closes.h"
+#include "keep_alives.h"
 #include "settings.h"
 
 namespace cefbinding {
@@ -96,6 +97,9 @@ class BrowserHostObject final : public LibraryObject<CefBrowserHost> {
                     CefRefPtr<CefClient> client,
                     const CefBrowserSettings& settings,
                     const CefPoint& inspect_element_at) override {
+    if (const CefRefPtr<CefBrowser> browser = GetBrowser()) {
+      NoteDevTools(browser->GetIdentifier());
+    }
     Call(&Struct::show_dev_tools, DevToolsWindow{windowInfo}, client, settings, inspect_element_at);
   }
   void CloseDevTools() override { Call(&Struct::close_dev_tools); }

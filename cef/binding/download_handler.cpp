@@ -7,6 +7,7 @@
 #include <mutex>
 
 #include "binding.h"
+#include "keep_alives.h"
 
 namespace cefbinding {
 namespace {
@@ -121,6 +122,7 @@ void Counterpart<CefDownloadHandler>::ClientClass::Bind(Struct& functions) {
     Contain([&] {
       const auto download = Rewrap<CefDownloadItem>(item);
       const auto callback = Rewrap<CefDownloadItemCallback>(structure);
+      NoteDownload(download, callback);
       if (download->IsInProgress()) {
         RunningDownloads().Update(download->GetId(), callback);
       } else {

@@ -3,11 +3,15 @@
 // place.
 
 #include "binding.h"
+#include "context_start.h"
+#include "include/base/cef_bind.h"
 #include "include/cef_browser.h"
 #include "include/cef_client.h"
 #include "include/cef_cookie.h"
 #include "include/cef_request_context.h"
 #include "include/cef_task.h"
+#include "include/wrapper/cef_closure_task.h"
+#include "parking.h"
 #include "settings.h"
 
 using cefbinding::CallEngine;
@@ -18,8 +22,30 @@ bool CefBrowserHost::CreateBrowser(const CefWindowInfo& windowInfo,
                                    const CefBrowserSettings& settings,
                                    CefRefPtr<CefDictionaryValue> extra_info,
                                    CefRefPtr<CefRequestContext> request_context) {
-  return CallEngine(&capi::Functions::cef_browser_host_create_browser, windowInfo, client, url,
-                    settings, extra_info, request_context);
+  if (cefbinding::EngineHasEnded() || !cefbinding::Engine().refusal.empty()) {
+    return false;
+  }
+  // As the engine's own function does it, but for the parking.
+  cefbinding::PostWithContext(base::BindOnce(
+      [](const CefWindowInfo& description, const CefRefPtr<CefClient>& browser_client,
+         const CefString& address, const CefBrowserSettings& browser_settings,
+         const CefRefPtr<CefDictionaryValue>& information,
+         const CefRefPtr<CefRequestContext>& context) {
+        CefWindowInfo window_info(description);
+        if (window_info.parent_window) {
+          window_info.parent_window = cefbinding::MakeParking(window_info.parent_window);
+          if (!window_info.parent_window) {
+            return;
+          }
+        }
+        const CefRefPtr<CefBrowser> browser = CreateBrowserSync(
+            window_info, browser_client, address, browser_settings, information, context);
+        if (browser) {
+          cefbinding::LeaveParking(browser);
+        }
+      },
+      windowInfo, client, url, settings, extra_info, request_context));
+  return true;
 }
 
 CefRefPtr<CefBrowser> CefBrowserHost::CreateBrowserSync(

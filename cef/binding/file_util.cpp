@@ -4,16 +4,13 @@
 
 #include "binding.h"
 
-using cefbinding::CallEngine;
+using cefbinding::CallLibrary;
 using cefbinding::Needed;
 
 bool CefCreateDirectory(const CefString& full_path) {
-  return CallEngine(&capi::Functions::cef_create_directory, Needed(full_path));
+  return CallLibrary(&capi::Functions::cef_create_directory, Needed(full_path));
 }
 
 bool CefDeleteFile(const CefString& path, bool recursive) {
-  if (cefbinding::EngineHasEnded()) {
-    return _wunlink(path.ToWString().c_str()) == 0;
-  }
-  return CallEngine(&capi::Functions::cef_delete_file, Needed(path), recursive);
+  return CallLibrary(&capi::Functions::cef_delete_file, Needed(path), recursive);
 }

@@ -1,10 +1,14 @@
 // include/cef_app.h's functions: start and end of the engine, and of its sub-processes.
 
+#include <chrono>
 #include <fstream>
 
 #include "alloy.h"
 #include "binding.h"
+#include "context_start.h"
+#include "include/base/cef_bind.h"
 #include "include/cef_app.h"
+#include "keep_alives.h"
 #include "settings.h"
 #include "start_settings.h"
 
@@ -12,6 +16,12 @@ using cefbinding::CallEngine;
 using cefbinding::Engine;
 
 namespace {
+
+// A start takes about a second, on a busy machine several.
+constexpr std::chrono::seconds kLongestStart{20};
+
+// Of the thread that starts and ends the engine.
+bool g_runs = false;
 
 // There is no engine that could write its log: one line in its stead, in the file that it would
 // have used.
@@ -65,21 +75,24 @@ bool CefInitialize(const CefMainArgs& args,
   }
   const cefbinding::StartSettings start = cefbinding::CheckedForStart(settings);
   TemporaryRoot() = start.temporary_root;
-  const bool started = CallEngine(
-      &capi::Functions::cef_initialize, args, start.settings,
-      cefbinding::WithAlloyBehaviour(application, cefbinding::AlloyOptions(start.settings)),
-      windows_sandbox_info);
-  if (!started) {
+  g_runs = CallEngine(&capi::Functions::cef_initialize, args, start.settings,
+                      cefbinding::WithContextNoted(cefbinding::WithAlloyBehaviour(
+                          application, cefbinding::AlloyOptions(start.settings))),
+                      windows_sandbox_info);
+  if (!g_runs) {
     DeleteTemporaryRoot();
   }
   // Not before: the engine begins its log anew at its start.
   for (const std::string& remark : start.remarks) {
     cefbinding::LogError(remark.c_str());
   }
-  return started;
+  return g_runs;
 }
 
 void CefShutdown() {
+  if (g_runs) {
+    cefbinding::RunWithContext(base::BindOnce(&cefbinding::EndKeepAlives), kLongestStart);
+  }
   CallEngine(&capi::Functions::cef_shutdown);
   cefbinding::SetEngineHasEnded();
   DeleteTemporaryRoot();

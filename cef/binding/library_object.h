@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <utility>
 
 #include "convert.h"
 #include "library.h"
@@ -39,8 +40,11 @@ class LibraryObject : public Class {
   }
   bool HasAtLeastOneRef() const override { return count_.HasAtLeastOneRef(); }
 
-  // The structure with a reference for the receiver.
+  // The structure with a reference for the receiver; null once the engine has ended.
   Struct* StructWithReference() const {
+    if (EngineHasEnded()) {
+      return nullptr;
+    }
     BaseOf(struct_)->add_ref(BaseOf(struct_));
     return struct_;
   }
@@ -75,19 +79,27 @@ class LibraryObject : public Class {
   const CefRefCount count_;
 };
 
-// Calls a function that the library exports, by the same rules; nothing comes of it without an
-// engine.
+// Calls a function that the library exports; nothing comes of it without a library. For functions
+// that need no running engine: they work before its start and after its end.
 template <class R, class... Parameters, class... Arguments>
-Result<R> CallEngine(R (*capi::Functions::*member)(Parameters...), Arguments&&... arguments) {
+Result<R> CallLibrary(R (*capi::Functions::*member)(Parameters...), Arguments&&... arguments) {
   static_assert(sizeof...(Parameters) == sizeof...(Arguments));
   const auto function = Engine().functions.*member;
-  if (EngineHasEnded() || !function || !(IsGiven(arguments) && ...)) {
+  if (!function || !(IsGiven(arguments) && ...)) {
     return Result<R>();
   }
   return Result<R>::Of([&] {
     return function(
         Outgoing<std::remove_cvref_t<Arguments>>(arguments).template To<Parameters>()...);
   });
+}
+
+// The same for functions that reach for the engine or make objects of it: nothing comes of them
+// once the engine has ended.
+template <class R, class... Parameters, class... Arguments>
+Result<R> CallEngine(R (*capi::Functions::*member)(Parameters...), Arguments&&... arguments) {
+  return EngineHasEnded() ? Result<R>()
+                          : CallLibrary(member, std::forward<Arguments>(arguments)...);
 }
 
 // The structure behind `object` with a reference for the receiver; null for null, and for an object

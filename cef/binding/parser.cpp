@@ -4,26 +4,26 @@
 
 #include "binding.h"
 
-using cefbinding::CallEngine;
+using cefbinding::CallLibrary;
 using cefbinding::Needed;
 
 bool CefParseURL(const CefString& url, CefURLParts& parts) {
-  return CallEngine(&capi::Functions::cef_parse_url, Needed(url), &parts);
+  return CallLibrary(&capi::Functions::cef_parse_url, Needed(url), &parts);
 }
 
 bool CefCreateURL(const CefURLParts& parts, CefString& url) {
-  return CallEngine(&capi::Functions::cef_create_url, parts, &url);
+  return CallLibrary(&capi::Functions::cef_create_url, parts, &url);
 }
 
 CefString CefGetMimeType(const CefString& extension) {
-  return CallEngine(&capi::Functions::cef_get_mime_type, Needed(extension));
+  return CallLibrary(&capi::Functions::cef_get_mime_type, Needed(extension));
 }
 
 CefString CefBase64Encode(const void* data, size_t data_size) {
-  return data ? CefString(CallEngine(&capi::Functions::cef_base64encode, data, data_size))
+  return data ? CefString(CallLibrary(&capi::Functions::cef_base64encode, data, data_size))
               : CefString();
 }
 
 CefRefPtr<CefBinaryValue> CefBase64Decode(const CefString& data) {
-  return CallEngine(&capi::Functions::cef_base64decode, Needed(data));
+  return CallLibrary(&capi::Functions::cef_base64decode, Needed(data));
 }

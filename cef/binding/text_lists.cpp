@@ -8,72 +8,72 @@ namespace cefbinding {
 namespace {
 
 void Append(capi::cef_string_list_t* texts, const CefString& text) {
-  CallEngine(&capi::Functions::cef_string_list_append, texts, text);
+  CallLibrary(&capi::Functions::cef_string_list_append, texts, text);
 }
 void Append(capi::cef_string_map_t* texts, const TextMap::value_type& entry) {
-  CallEngine(&capi::Functions::cef_string_map_append, texts, entry.first, entry.second);
+  CallLibrary(&capi::Functions::cef_string_map_append, texts, entry.first, entry.second);
 }
 void Append(capi::cef_string_multimap_t* texts, const TextMultimap::value_type& entry) {
-  CallEngine(&capi::Functions::cef_string_multimap_append, texts, entry.first, entry.second);
+  CallLibrary(&capi::Functions::cef_string_multimap_append, texts, entry.first, entry.second);
 }
 
 template <class Texts>
 Texts* Allocate();
 template <>
 capi::cef_string_list_t* Allocate() {
-  return CallEngine(&capi::Functions::cef_string_list_alloc);
+  return CallLibrary(&capi::Functions::cef_string_list_alloc);
 }
 template <>
 capi::cef_string_map_t* Allocate() {
-  return CallEngine(&capi::Functions::cef_string_map_alloc);
+  return CallLibrary(&capi::Functions::cef_string_map_alloc);
 }
 template <>
 capi::cef_string_multimap_t* Allocate() {
-  return CallEngine(&capi::Functions::cef_string_multimap_alloc);
+  return CallLibrary(&capi::Functions::cef_string_multimap_alloc);
 }
 
 void Free(capi::cef_string_list_t* texts) {
-  CallEngine(&capi::Functions::cef_string_list_free, texts);
+  CallLibrary(&capi::Functions::cef_string_list_free, texts);
 }
 void Free(capi::cef_string_map_t* texts) {
-  CallEngine(&capi::Functions::cef_string_map_free, texts);
+  CallLibrary(&capi::Functions::cef_string_map_free, texts);
 }
 void Free(capi::cef_string_multimap_t* texts) {
-  CallEngine(&capi::Functions::cef_string_multimap_free, texts);
+  CallLibrary(&capi::Functions::cef_string_multimap_free, texts);
 }
 
 }  // namespace
 
 void CopyTexts(capi::cef_string_list_t* texts, TextList& target) {
   target.clear();
-  const size_t size = texts ? CallEngine(&capi::Functions::cef_string_list_size, texts) : 0;
+  const size_t size = texts ? CallLibrary(&capi::Functions::cef_string_list_size, texts) : 0;
   for (size_t i = 0; i < size; ++i) {
     CefString text;
-    CallEngine(&capi::Functions::cef_string_list_value, texts, i, &text);
+    CallLibrary(&capi::Functions::cef_string_list_value, texts, i, &text);
     target.push_back(text);
   }
 }
 
 void CopyTexts(capi::cef_string_map_t* texts, TextMap& target) {
   target.clear();
-  const size_t size = texts ? CallEngine(&capi::Functions::cef_string_map_size, texts) : 0;
+  const size_t size = texts ? CallLibrary(&capi::Functions::cef_string_map_size, texts) : 0;
   for (size_t i = 0; i < size; ++i) {
     CefString key;
     CefString value;
-    CallEngine(&capi::Functions::cef_string_map_key, texts, i, &key);
-    CallEngine(&capi::Functions::cef_string_map_value, texts, i, &value);
+    CallLibrary(&capi::Functions::cef_string_map_key, texts, i, &key);
+    CallLibrary(&capi::Functions::cef_string_map_value, texts, i, &value);
     target.emplace(key, value);
   }
 }
 
 void CopyTexts(capi::cef_string_multimap_t* texts, TextMultimap& target) {
   target.clear();
-  const size_t size = texts ? CallEngine(&capi::Functions::cef_string_multimap_size, texts) : 0;
+  const size_t size = texts ? CallLibrary(&capi::Functions::cef_string_multimap_size, texts) : 0;
   for (size_t i = 0; i < size; ++i) {
     CefString key;
     CefString value;
-    CallEngine(&capi::Functions::cef_string_multimap_key, texts, i, &key);
-    CallEngine(&capi::Functions::cef_string_multimap_value, texts, i, &value);
+    CallLibrary(&capi::Functions::cef_string_multimap_key, texts, i, &key);
+    CallLibrary(&capi::Functions::cef_string_multimap_value, texts, i, &value);
     target.emplace(key, value);
   }
 }
@@ -103,7 +103,7 @@ CefString TakeText(cef_string_utf16_t* text) {
   if (text) {
     // The characters bring their own way to be freed; the structure is the engine's to free.
     *result.GetWritableStruct() = std::exchange(*text, {});
-    CallEngine(&capi::Functions::cef_string_userfree_utf16_free, text);
+    CallLibrary(&capi::Functions::cef_string_userfree_utf16_free, text);
   }
   return result;
 }

@@ -4,14 +4,14 @@
 
 #include "binding.h"
 
-using cefbinding::CallEngine;
+using cefbinding::CallLibrary;
 
 int cef_time_to_timet(const cef_time_t* cef_time, time_t* time) {
-  return CallEngine(&capi::Functions::cef_time_to_timet, cef_time, time);
+  return CallLibrary(&capi::Functions::cef_time_to_timet, cef_time, time);
 }
 
 int cef_time_to_basetime(const cef_time_t* from, cef_basetime_t* to) {
-  return CallEngine(&capi::Functions::cef_time_to_basetime, from, to);
+  return CallLibrary(&capi::Functions::cef_time_to_basetime, from, to);
 }
 
 int cef_time_from_basetime(const cef_basetime_t from, cef_time_t* to) {

@@ -5,5 +5,5 @@
 #include "binding.h"
 
 int cef_version_info(int entry) {
-  return cefbinding::CallEngine(&capi::Functions::cef_version_info, entry);
+  return cefbinding::CallLibrary(&capi::Functions::cef_version_info, entry);
 }

@@ -1,14 +1,12 @@
 """However it ends: no process, no lock and no hang."""
 
-import os
-import signal
 import threading
 
 import pytest
 
-from support import processes
+from support import processes, wine
 from support.site import LastingConnection
-from support.steps import created, do, load, loaded, wait
+from support.steps import created, do, load, loaded, script, wait
 
 
 @pytest.fixture
@@ -27,7 +25,7 @@ def test_lock_and_process_live_as_long_as_the_engine(hosts, site):
                        url=site.page("/a.html"))
     host.wait_for("LoadEndNotify")
     assert [lock.parent for lock in locks(hosts)] == [hosts.cache]
-    assert processes.browser_process(hosts.cache)
+    assert processes.engine_processes(hosts.cache)
     (hosts.folder / "seen").touch()
     host.finish().succeeded()
     # That nothing is left is what every test checks at its end.
@@ -67,6 +65,30 @@ def test_host_that_quits_at_once_after_the_start(hosts, site):
 
 def test_host_without_a_browser_ends(hosts):
     hosts.run([do("init")]).succeeded()
+
+
+def test_window_closed_while_its_browser_is_being_made(hosts, site):
+    """The engine makes a browser on a thread of its own, and the host takes the window away."""
+    steps = [created(), loaded()]
+    for number in range(8):
+        name = f"brief{number}"
+        steps += [do("browser", name=name, url=site.page(f"/{name}.html")),
+                  do("close", browser=name)]
+    run = hosts.run([*steps, load(site.page("/end.html")),
+                     wait("LoadEndNotify", "b1", httpStatus=200)], url=site.page("/a.html"))
+    run.succeeded()
+
+
+def test_host_quits_while_a_file_arrives(hosts, site, tmp_path):
+    site.raw("/file.bin", b"x" * 200_000, "application/octet-stream", half_way=threading.Event(),
+             headers={"Content-Disposition": "attachment"})
+    hosts.run([created(), loaded(),
+               do("answer", notification="BeforeDownloadNotify",
+                  set={"DownloadPathName": wine.windows_path(tmp_path / "file.bin"),
+                       "CanBeDownloaded": True}),
+               script("location.href = '/file.bin'"), wait("DownloadUpdatedNotify", "b1")],
+              url=site.page("/a.html")).succeeded()
+    assert not (tmp_path / "file.bin").exists()
 
 
 def test_crash_of_the_page_leaves_the_host_working(hosts, site, lasting):
@@ -120,19 +142,6 @@ def test_crash_of_the_page_and_then_the_end(hosts, site, lasting):
     (hosts.folder / "connected").touch()
     assert lasting.closed.wait(40), "the page did not crash"
     (hosts.folder / "crashed").touch()
-    host.finish().succeeded()
-
-
-def test_killed_browser_process_closes_the_browser(hosts, site):
-    host = hosts.start([created(), loaded(), do("waitFile", path="killed", timeout=40_000),
-                        do("gone", timeout=40_000),
-                        # Nothing answers any more, and nothing hangs.
-                        load("about:blank", hresult=1), do("refresh", hresult=0),
-                        do("get", object="b1", property="URL", equals="")],
-                       url=site.page("/a.html"))
-    host.wait_for("LoadEndNotify")
-    os.kill(processes.browser_process(hosts.cache), signal.SIGKILL)
-    (hosts.folder / "killed").touch()
     host.finish().succeeded()
 
 

@@ -9,6 +9,7 @@
 
 #include "automation/browser_life.h"
 #include "automation/handler_reference.h"
+#include "com/never_destroyed.h"
 
 namespace kzcef {
 namespace {
@@ -17,12 +18,11 @@ std::uintptr_t Key(const IUnknown* pointer) {
   return reinterpret_cast<std::uintptr_t>(pointer);
 }
 
-// Never destroyed: what it holds belongs to a host that may be gone by the time static objects are.
 class Registry {
  public:
   static Registry& Instance() {
-    static Registry& registry = *new Registry();
-    return registry;
+    static const NeverDestroyed<Registry> registry;
+    return *registry;
   }
   std::shared_ptr<KZCEFCom> Get() {
     const std::scoped_lock lock(mutex_);

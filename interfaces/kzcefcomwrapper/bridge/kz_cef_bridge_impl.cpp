@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "bridge/argument_text.h"
+#include "com/never_destroyed.h"
 #include "include/cef_app.h"
 #include "include/wrapper/cef_closure_task.h"
 #include "runtime/cache_directory.h"
@@ -16,8 +17,6 @@
 
 namespace kzcef {
 namespace {
-
-kzCefBridgeImpl g_bridge;
 
 // Toward zero. A number out of range becomes the nearest one in range, and no number becomes 0.
 int32_t TruncateToInt32(double value) {
@@ -36,7 +35,8 @@ int32_t TruncateToInt32(double value) {
 }  // namespace
 
 kzCefBridgeImpl& BridgeSingleton() {
-  return g_bridge;
+  static const NeverDestroyed<kzCefBridgeImpl> bridge;
+  return *bridge;
 }
 
 bool kzCefBridgeImpl::Shutdown() {

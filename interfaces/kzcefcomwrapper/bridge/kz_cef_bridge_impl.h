@@ -53,7 +53,7 @@ class kzCefBridgeImpl final : public kzCefBridge {
   CefRefPtr<CefCookieManager> cookie_manager_;
 };
 
-// Returns the one bridge, which lives from the loading of the library to its unloading.
+// Returns the one bridge, which lives from its first use to the end of the process.
 kzCefBridgeImpl& BridgeSingleton();
 
 }  // namespace kzcef

@@ -6,6 +6,8 @@
 #include <oaidl.h>
 #include <wrl/client.h>
 
+#include "com/never_destroyed.h"
+
 namespace kzcef {
 
 // Loads the type information of `iid` from the type library that the DLL carries as a resource; the
@@ -90,12 +92,12 @@ class DispatchImpl : public Primary {
 
  private:
   // Returns the object's type information without a reference for the caller: it lives as long as
-  // the DLL.
+  // the process.
   static HRESULT OwnTypeInfo(ITypeInfo** info) noexcept {
-    static Microsoft::WRL::ComPtr<ITypeInfo> cached;
+    static const NeverDestroyed<Microsoft::WRL::ComPtr<ITypeInfo>> cached;
     static const HRESULT loaded =
-        ModuleTypeInfo(__uuidof(typename Described<Primary>::Interface), cached);
-    *info = cached.Get();
+        ModuleTypeInfo(__uuidof(typename Described<Primary>::Interface), *cached);
+    *info = cached->Get();
     return loaded;
   }
 };

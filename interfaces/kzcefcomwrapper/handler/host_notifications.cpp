@@ -4,12 +4,14 @@
 
 #include <atomic>
 
+#include "com/never_destroyed.h"
+
 namespace kzcef {
 namespace {
 
 std::atomic<std::shared_ptr<HostNotifications>>& Published() {
-  static std::atomic<std::shared_ptr<HostNotifications>> published;
-  return published;
+  static const NeverDestroyed<std::atomic<std::shared_ptr<HostNotifications>>> published;
+  return *published;
 }
 
 }  // namespace

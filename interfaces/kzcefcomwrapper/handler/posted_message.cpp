@@ -7,6 +7,7 @@
 #include <mutex>
 #include <utility>
 
+#include "com/never_destroyed.h"
 #include "handler/contained_notification.h"
 
 namespace kzcef {
@@ -20,9 +21,8 @@ struct Dispatchers {
   std::map<const kzCefClientHandler*, CefRefPtr<HostThreadDispatcher>> of_handler;
 };
 
-// Never destroyed: handlers may outlive the static objects.
 Dispatchers& LivingDispatchers() {
-  static auto* const dispatchers = new Dispatchers;
+  static const NeverDestroyed<Dispatchers> dispatchers;
   return *dispatchers;
 }
 

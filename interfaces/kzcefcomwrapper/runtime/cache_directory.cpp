@@ -7,6 +7,7 @@
 
 #include <optional>
 
+#include "com/never_destroyed.h"
 #include "include/cef_file_util.h"
 #include "utils/kzcefwrapperutils.h"
 #include "utils/lock_file.h"
@@ -18,8 +19,8 @@ namespace {
 constexpr char kLockFile[] = "\\cef.lock";
 
 std::string& Chosen() {
-  static std::string directory;
-  return directory;
+  static const NeverDestroyed<std::string> directory;
+  return *directory;
 }
 
 // Empty when the variable is not set.

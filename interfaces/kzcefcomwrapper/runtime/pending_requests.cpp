@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "com/never_destroyed.h"
 #include "handler/posted_message.h"
 #include "runtime/main_window.h"
 
@@ -35,9 +36,8 @@ struct Tables {
   bool closed = false;
 };
 
-// Never destroyed: the requests hold objects of CEF's, which may be gone before static objects are.
 Tables& TheTables() {
-  static auto* const tables = new Tables;
+  static const NeverDestroyed<Tables> tables;
   return *tables;
 }
 

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 
+#include "com/never_destroyed.h"
 #include "include/cef_app.h"
 #include "runtime/cache_directory.h"
 #include "runtime/command_line_source.h"
@@ -23,8 +24,8 @@ namespace {
 
 // Set by the first start and never cleared: that it is set is what refuses a second one.
 CefRefPtr<kzCefApp>& Application() {
-  static CefRefPtr<kzCefApp> application;
-  return application;
+  static const NeverDestroyed<CefRefPtr<kzCefApp>> application;
+  return *application;
 }
 
 CommandLineArgs SwitchesOf(IKZCEFComSettings& settings) {
@@ -49,7 +50,17 @@ void UseCacheDirectory(const std::string& directory,
   }
 }
 
+// From the start on the engine's threads run code of this library, so nobody may unload it: not the
+// host, and not COM, which unloads every server's library when a thread gives up COM, in use or
+// not.
+void StayLoaded() {
+  HMODULE module = nullptr;
+  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                     reinterpret_cast<LPCWSTR>(&StayLoaded), &module);
+}
+
 bool Start(IKZCEFComSettings& host) {
+  StayLoaded();
   Application() = new kzCefApp;
   UseThisThreadAsTheHosts();
   CefSettings settings;

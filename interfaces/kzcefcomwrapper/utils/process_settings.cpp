@@ -8,6 +8,8 @@
 #include <mutex>
 #include <utility>
 
+#include "com/never_destroyed.h"
+
 namespace kzcef {
 namespace {
 
@@ -27,13 +29,13 @@ struct Values {
 
 // The engine's threads read while the host may name itself again, so the texts need the lock.
 std::mutex& Lock() {
-  static std::mutex lock;
-  return lock;
+  static const NeverDestroyed<std::mutex> lock;
+  return *lock;
 }
 
 Values& Shared() {
-  static Values values;
-  return values;
+  static const NeverDestroyed<Values> values;
+  return *values;
 }
 
 template <typename T>
