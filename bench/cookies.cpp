@@ -1,9 +1,11 @@
+// Cookies: their texts, and the store of a running engine.
+
 #include <windows.h>
 
 #include <oleauto.h>
+#include <wrl/client.h>
 
-#include <cstdio>
-#include <exception>
+#include <atomic>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string>
@@ -11,13 +13,12 @@
 #include <utility>
 #include <vector>
 
+#include "KZCEFComWrapper.h"
+#include "benchmarks.h"
 #include "bridge/cookie_text.h"
-#include "bridge/kz_cef_bridge_impl.h"
 #include "com/text.h"
 #include "include/cef_cookie.h"
-#include "measure.h"
-#include "recording_cef/recording_cef.h"
-#include "recording_cef/scripted_cookie_store.h"
+#include "server_view.h"
 #include "utils/flat_json.h"
 
 namespace kzbench {
@@ -28,7 +29,6 @@ using kzcef::ViewOf;
 
 constexpr int kCookies = 10'000;
 
-// As an engine keeps them.
 struct Record {
   std::string domain;
   std::string name;
@@ -39,7 +39,8 @@ std::vector<Record> MakeRecords(int count) {
   std::vector<Record> records;
   for (int at = 0; at < count; ++at) {
     const std::string number = std::to_string(at);
-    records.push_back({".host" + number + ".intranet.test", "session_" + number,
+    // Each of another site: the engine keeps at most 180 of one.
+    records.push_back({"host" + number + ".test", "session_" + number,
                        "MTIzNDU2Nzg5MGFiY2RlZmdoaWprbG1ub3BxcnN0dXY" + number});
   }
   return records;
@@ -53,36 +54,66 @@ CefCookie CookieOf(const Record& record) {
   return cookie;
 }
 
-// A store that makes each cookie from its record while it is visited, as an engine must.
-CefRefPtr<CefCookieManager> StoreOf(std::vector<Record> records) {
-  return new recording_cef::ScriptedCookieStore(
-      [records = std::move(records)](const CefRefPtr<CefCookieVisitor>& visitor) {
-        const int total = static_cast<int>(records.size());
-        for (int at = 0; at < total; ++at) {
-          bool remove = false;
-          visitor->Visit(CookieOf(records[static_cast<std::size_t>(at)]), at, total, remove);
-        }
-        return true;
-      });
+void Expect(bool holds, const char* what) {
+  if (!holds)
+    throw std::runtime_error(what);
 }
 
+// Counts, and tells when CEF lets go of it.
 class CountingVisitor final : public CefCookieVisitor {
  public:
+  CountingVisitor(HANDLE done, std::atomic<int>& count) : done_(done), count_(count) {}
+  ~CountingVisitor() override { SetEvent(done_); }
   bool Visit(const CefCookie&, int, int, bool&) override {
     ++count_;
     return true;
   }
-  int count() const { return count_; }
 
  private:
-  int count_ = 0;
+  const HANDLE done_;
+  std::atomic<int>& count_;
 
   IMPLEMENT_REFCOUNTING(CountingVisitor);
 };
 
-void Expect(bool holds, const char* what) {
-  if (!holds)
-    throw std::runtime_error(what);
+class SetCounter final : public CefSetCookieCallback {
+ public:
+  SetCounter(int expected, HANDLE done) : left_(expected), done_(done) {}
+
+  void OnComplete(bool success) override {
+    failures_ += success ? 0 : 1;
+    if (--left_ == 0)
+      SetEvent(done_);
+  }
+  int failures() const { return failures_; }
+
+ private:
+  std::atomic<int> left_;
+  std::atomic<int> failures_ = 0;
+  const HANDLE done_;
+
+  IMPLEMENT_REFCOUNTING(SetCounter);
+};
+
+void Fill(CefCookieManager& store, const std::vector<Record>& records) {
+  const UniqueHandle done = MakeEvent();
+  const CefRefPtr<SetCounter> counter =
+      new SetCounter(static_cast<int>(records.size()), done.get());
+  for (const Record& record : records) {
+    const bool asked = store.SetCookie("http://" + record.domain + "/", CookieOf(record), counter);
+    Expect(asked, "a cookie cannot be set");
+  }
+  AwaitEvent(done.get(), "the cookies to be set");
+  Expect(counter->failures() == 0, "a cookie was refused");
+}
+
+int VisitAll(CefCookieManager& store) {
+  const UniqueHandle done = MakeEvent();
+  std::atomic<int> count = 0;
+  Expect(store.VisitAllCookies(new CountingVisitor(done.get(), count)), "no visit of the store");
+  // As the server waits: without a look at window messages.
+  WaitForSingleObject(done.get(), INFINITE);
+  return count;
 }
 
 void CompareTexts(const std::vector<CefCookie>& cookies,
@@ -128,15 +159,25 @@ void CompareReaders(const std::vector<UniqueBstr>& texts, const Effort& effort) 
           }));
 }
 
-void CompareVisits(const std::vector<Record>& records, const Effort& effort) {
-  const CefRefPtr<CefCookieManager> store = StoreOf(records);
-  recording_cef::RecordingCef& cef = recording_cef::RecordingCef::Get();
-  cef.cookie_manager = store;
+// The server and the bare visit are two clients of one engine, and so of one store.
+void CompareVisits(const std::wstring& server_path,
+                   const std::vector<Record>& records,
+                   const Effort& effort) {
+  const ServerEngine engine(server_path, std::nullopt);
+  const ServerView view(engine.application(), L"about:blank");
+  const CefRefPtr<CefCookieManager> store = CefCookieManager::GetGlobalManager(nullptr);
+  Expect(store != nullptr, "the engine has no cookie store");
+  Fill(*store, records);
+  const int kept = VisitAll(*store);
+  Expect(static_cast<std::size_t>(kept) == records.size(), "the engine does not keep all cookies");
+  const auto manager =
+      engine.server().Create<IKZCEFComCookieManager>(__uuidof(KZCEFComCookieManager));
   Compare(
-      "GetCookiesSync of all, against the bare visit", 2.0, effort,
+      "GetAllCookiesSync, against the bare visit", 2.0, effort,
       [&] {
         return TimePerCall(1, [&](int) {
-          VARIANT list = kzcef::BridgeSingleton().GetCookiesSync(true, nullptr);
+          VARIANT list;
+          Check(manager->GetAllCookiesSync(&list), "reading all cookies");
           Expect(list.vt == (VT_ARRAY | VT_BSTR) &&
                      list.parray->rgsabound[0].cElements == records.size(),
                  "cookies are missing");
@@ -144,17 +185,14 @@ void CompareVisits(const std::vector<Record>& records, const Effort& effort) {
         });
       },
       [&] {
-        return TimePerCall(1, [&](int) {
-          const CefRefPtr<CountingVisitor> visitor = new CountingVisitor;
-          store->VisitAllCookies(visitor);
-          Expect(static_cast<std::size_t>(visitor->count()) == records.size(),
-                 "cookies are missing");
-        });
+        return TimePerCall(1,
+                           [&](int) { Expect(VisitAll(*store) == kept, "cookies are missing"); });
       });
-  cef.Reset();
 }
 
-void RunCookies(const Effort& effort) {
+}  // namespace
+
+void RunCookies(const std::wstring& server, const Effort& effort) {
   const std::vector<Record> records = MakeRecords(kCookies / effort.divisor);
   std::vector<CefCookie> cookies;
   std::vector<UniqueBstr> texts;
@@ -165,22 +203,7 @@ void RunCookies(const Effort& effort) {
   PrintHeading(std::to_string(records.size()) + " cookies");
   CompareTexts(cookies, texts, effort);
   CompareReaders(texts, effort);
-  CompareVisits(records, effort);
+  CompareVisits(server, records, effort);
 }
 
-}  // namespace
 }  // namespace kzbench
-
-// A program of its own: the cookie store is the benchmark's, in place of an engine's.
-int main(int count, char** words) try {
-  const std::string_view word = count == 2 ? words[1] : "";
-  if (count > 2 || (count == 2 && word != "--short")) {
-    std::fputs("kzbench_cookies [--short]\n", stderr);
-    return 2;
-  }
-  kzbench::RunCookies(kzbench::EffortOf(count == 2));
-  return 0;
-} catch (const std::exception& failure) {
-  std::fprintf(stderr, "kzbench_cookies: %s\n", failure.what());
-  return 1;
-}

@@ -3,8 +3,8 @@
 
 namespace kzbench {
 
-/// Counts, while it lives, what `new` and COM's allocator (BSTRs among it) hand out. One at a time;
-/// the thread must have initialised COM. Throws std::runtime_error when it cannot count.
+// Counts, while it lives, what `new` and COM's allocator (BSTRs among it) hand out. One at a time;
+// the thread must have initialised COM. Throws std::runtime_error when it cannot count.
 class HeapCount {
  public:
   HeapCount();
@@ -12,7 +12,7 @@ class HeapCount {
   HeapCount(const HeapCount&) = delete;
   HeapCount& operator=(const HeapCount&) = delete;
 
-  /// Of all threads, since it was made.
+  // Of all threads, since it was made.
   long long allocations() const;
 };
 

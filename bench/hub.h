@@ -5,8 +5,8 @@
 
 namespace kzbench {
 
-/// Turns the hub on, at `port`, and binds the tests' hub library, whose plan is answered. To be
-/// called before anybody asks whether the hub is on. Throws std::runtime_error when it stays off.
+// Turns the hub on, at `port`, and binds the tests' hub library, whose plan is answered. To be
+// called before anybody asks whether the hub is on. Throws std::runtime_error when it stays off.
 kzhub::Plan& TurnHubOn(int port);
 
 }  // namespace kzbench

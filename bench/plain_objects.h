@@ -9,10 +9,10 @@
 
 namespace kzbench {
 
-/// A property bag with IKZCEFComSettings; `information` describes that interface.
+// A property bag with IKZCEFComSettings; `information` describes that interface.
 Microsoft::WRL::ComPtr<IDispatch> MakePlainSettings(Microsoft::WRL::ComPtr<ITypeInfo> information);
 
-/// An object with IKZCEFComApplication2 whose members do nothing.
+// An object with IKZCEFComApplication2 whose members do nothing.
 Microsoft::WRL::ComPtr<IDispatch> MakePlainApplication(
     Microsoft::WRL::ComPtr<ITypeInfo> information);
 

@@ -10,13 +10,13 @@
 
 namespace kzbench {
 
-/// Throws std::runtime_error, naming `what`, for a failure.
+// Throws std::runtime_error, naming `what`, for a failure.
 void Check(HRESULT result, const char* what);
 
-/// Loaded until the process ends. The thread must have initialised COM.
+// Loaded until the process ends. The thread must have initialised COM.
 class Server {
  public:
-  /// Throws std::runtime_error when the DLL cannot be loaded.
+  // Throws std::runtime_error when the DLL cannot be loaded.
   explicit Server(const std::wstring& path);
 
   template <typename Interface>
@@ -26,7 +26,7 @@ class Server {
     return object;
   }
 
-  /// The description of an interface in the DLL's type library.
+  // The description of an interface in the DLL's type library.
   Microsoft::WRL::ComPtr<ITypeInfo> TypeInfoOf(REFIID interface_id) const;
 
  private:
