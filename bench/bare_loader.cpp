@@ -9,7 +9,7 @@ namespace {
 class BareLoader final : public Loader {
  public:
   explicit BareLoader(const LoaderOptions& options)
-      : engine_(options.hub_port), view_(options.first_url) {}
+      : engine_(options.cache, options.hub_port), view_(options.first_url) {}
 
   void Load(const std::wstring& url) override { view_.Load(url); }
   void OpenAndClose(const std::wstring& url) override { const CefView another(url); }

@@ -9,9 +9,8 @@
 namespace kzbench {
 
 // The texts of cookies and their reader; and reading all cookies of a running engine's store,
-// against a bare visit of the same store. `server` is the DLL's path. Starts the server's engine
-// in this process.
-void RunCookies(const std::wstring& server, const Effort& effort);
+// against a bare visit of the same store.
+void RunCookies(const LoaderOptions& options, const Effort& effort);
 
 // Late-bound calls on the server's objects, against ITypeInfo::Invoke on plain objects of the same
 // interfaces. `server` is the DLL's path. Throws std::runtime_error when it cannot be used.

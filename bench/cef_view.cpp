@@ -31,13 +31,13 @@ class BareApp final : public CefApp {
 
 }  // namespace
 
-CefEngine::CefEngine(std::optional<int> proxy_port) {
+CefEngine::CefEngine(const std::wstring& cache, std::optional<int> proxy_port) {
   CefSettings settings;
   settings.no_sandbox = true;
   settings.multi_threaded_message_loop = true;
   CefString(&settings.browser_subprocess_path) = BesideThisProgram(L"kzCefSubProc.exe");
-  CefString(&settings.cache_path) = cache_.path();
-  CefString(&settings.log_file) = cache_.path() + L"\\debug.log";
+  CefString(&settings.cache_path) = cache;
+  CefString(&settings.log_file) = cache + L"\\debug.log";
   if (!CefInitialize(CefMainArgs(GetModuleHandleW(nullptr)), settings, new BareApp(proxy_port),
                      nullptr))
     throw std::runtime_error("CEF does not start");

@@ -10,18 +10,15 @@
 
 namespace kzbench {
 
-// CEF's engine in this process, set up as the server does, with a cache of its own; a process
-// starts it once. Throws std::runtime_error when it does not start.
+// CEF's engine in this process, set up as the server does; a process starts it once. Throws
+// std::runtime_error when it does not start.
 class CefEngine {
  public:
-  // With `proxy_port`, every request goes to the proxy there.
-  explicit CefEngine(std::optional<int> proxy_port);
+  // `cache` is the folder of its cache. With `proxy_port`, every request goes to the proxy there.
+  CefEngine(const std::wstring& cache, std::optional<int> proxy_port);
   ~CefEngine();
   CefEngine(const CefEngine&) = delete;
   CefEngine& operator=(const CefEngine&) = delete;
-
- private:
-  const ScratchFolder cache_;
 };
 
 // A browser of the running engine. Its client has every kind of callback that the server's asks

@@ -22,6 +22,12 @@ enum class Task : int {
   kMemory,
   // Has the hub library add a header to every request from now on.
   kAddHubHeader,
+  // Puts `count` cookies into the engine's store.
+  kFillCookieStore,
+  // The times of reading all cookies by the server, and of visiting them without it, in seconds;
+  // there must be `count` of them.
+  kReadCookies,
+  kVisitCookies,
   // The process is to end.
   kEnd,
 };

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 namespace kzbench {
@@ -23,6 +24,8 @@ class Loader {
   virtual void OpenAndClose(const std::wstring& url) = 0;
   // Has a hub library add a header to every request from now on; of no effect on CEF alone.
   virtual void AddHubHeader() {}
+  // Reads all cookies by the server, and returns how many there are.
+  virtual int ReadCookies() { throw std::runtime_error("CEF alone reads no cookies"); }
 
  protected:
   Loader() = default;
@@ -34,6 +37,8 @@ struct LoaderOptions {
   std::wstring server;
   // The page to measure.
   std::wstring url;
+  // The folder of the engine's cache: one of its own, which it keeps open until its process ends.
+  std::wstring cache;
   // What the browser shows first.
   std::wstring first_url = L"about:blank";
   // With it, requests go through the hub at this port, and the server asks a hub library about

@@ -48,6 +48,7 @@ std::optional<Options> ReadOptions(int count, wchar_t** words) {
       {L"--server", [&](const std::wstring& value) { options.loader.server = value; }},
       {L"--url", [&](const std::wstring& value) { options.loader.url = value; }},
       {L"--first-url", [&](const std::wstring& value) { options.loader.first_url = value; }},
+      {L"--cache", [&](const std::wstring& value) { options.loader.cache = value; }},
       {L"--hub", [&](const std::wstring& value) { options.loader.hub_port = std::stoi(value); }},
       {L"--channel", [&](const std::wstring& value) { options.channel = value; }},
   };
@@ -70,7 +71,7 @@ bool Run(const Options& options) {
   const kzbench::Effort effort = kzbench::EffortOf(options.brief);
   const bool has_site = !options.loader.url.empty();
   if (options.benchmark == L"cookies")
-    kzbench::RunCookies(options.loader.server, effort);
+    kzbench::RunCookies(options.loader, effort);
   else if (options.benchmark == L"late-bound")
     kzbench::RunLateBound(options.loader.server, effort);
   else if (options.benchmark == L"notifications")

@@ -4,7 +4,6 @@
 #include <wrl/client.h>
 
 #include <memory>
-#include <optional>
 #include <stdexcept>
 
 #include "hub_place.h"
@@ -17,13 +16,13 @@ namespace {
 class ServerLoader final : public Loader {
  public:
   explicit ServerLoader(const LoaderOptions& options)
-      : engine_(options.server, options.hub_port),
-        view_(std::in_place, engine_.application(), options.first_url) {
+      : engine_(options.server, options.cache, options.hub_port),
+        view_(engine_.application(), options.first_url) {
     if (options.hub_port)
       BindHubLibrary(options.url);
   }
 
-  void Load(const std::wstring& url) override { view_->Load(url); }
+  void Load(const std::wstring& url) override { view_.Load(url); }
   void OpenAndClose(const std::wstring& url) override {
     const ServerView another(engine_.application(), url);
   }
@@ -31,6 +30,13 @@ class ServerLoader final : public Loader {
     static constexpr const char* kLines[] = {"X-Hub-Token: 0123456789abcdef"};
     plan_->headers = kLines;
     plan_->header_count = 1;
+  }
+  int ReadCookies() override {
+    VARIANT list;
+    Check(cookies_->GetAllCookiesSync(&list), "reading all cookies");
+    const ULONG count = list.vt == (VT_ARRAY | VT_BSTR) ? list.parray->rgsabound[0].cElements : 0;
+    VariantClear(&list);
+    return static_cast<int>(count);
   }
 
  private:
@@ -45,7 +51,9 @@ class ServerLoader final : public Loader {
   }
 
   const ServerEngine engine_;
-  std::optional<ServerView> view_;
+  ServerView view_;
+  const Microsoft::WRL::ComPtr<IKZCEFComCookieManager> cookies_ =
+      engine_.server().Create<IKZCEFComCookieManager>(__uuidof(KZCEFComCookieManager));
   kzhub::Plan* plan_ = nullptr;
 };
 

@@ -27,12 +27,15 @@ class LoadHandler final : public PlainHandler {
 
 }  // namespace
 
-ServerEngine::ServerEngine(const std::wstring& path, std::optional<int> hub_port) : server_(path) {
+ServerEngine::ServerEngine(const std::wstring& path,
+                           const std::wstring& cache,
+                           std::optional<int> hub_port)
+    : server_(path) {
   application_ = server_.Create<IKZCEFComApplication2>(__uuidof(KZCEFComApplication));
   Microsoft::WRL::ComPtr<IKZCEFComSettings> settings;
   Check(application_->GetKzCEFComSettings(nullptr, &settings), "getting the settings");
   settings->put_MultiThreadedMessageLoop(VARIANT_TRUE);
-  settings->put_CachePath(_bstr_t(cache_.path().c_str()));
+  settings->put_CachePath(_bstr_t(cache.c_str()));
   if (hub_port)
     settings->put_HubPort(*hub_port);
   Check(application_->InitCef(nullptr, settings.Get()), "starting the server's engine");

@@ -15,12 +15,12 @@
 
 namespace kzbench {
 
-// The server's engine in this process, with a cache of its own; a process starts it once. Throws
+// The server's engine in this process; a process starts it once. Throws
 // std::runtime_error when it does not start.
 class ServerEngine {
  public:
-  // With `hub_port`, there is a hub at that port.
-  ServerEngine(const std::wstring& path, std::optional<int> hub_port);
+  // `cache` is the folder of its cache. With `hub_port`, there is a hub at that port.
+  ServerEngine(const std::wstring& path, const std::wstring& cache, std::optional<int> hub_port);
   ~ServerEngine();
   ServerEngine(const ServerEngine&) = delete;
   ServerEngine& operator=(const ServerEngine&) = delete;
@@ -30,7 +30,6 @@ class ServerEngine {
 
  private:
   const Server server_;
-  const ScratchFolder cache_;
   Microsoft::WRL::ComPtr<IKZCEFComApplication2> application_;
 };
 

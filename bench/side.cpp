@@ -20,9 +20,12 @@ std::wstring Quote(const std::wstring& word) {
   return L"\"" + word + L"\"";
 }
 
-std::wstring CommandLine(const LoaderOptions& options, const std::wstring& channel) {
+std::wstring CommandLine(const LoaderOptions& options,
+                         const std::wstring& cache,
+                         const std::wstring& channel) {
   std::wstring command = Quote(ProgramPath()) + L" side --channel " + channel + L" --url " +
-                         Quote(options.url) + L" --first-url " + Quote(options.first_url);
+                         Quote(options.url) + L" --first-url " + Quote(options.first_url) +
+                         L" --cache " + Quote(cache);
   if (!options.server.empty())
     command += L" --server " + Quote(options.server);
   if (options.hub_port)
@@ -47,7 +50,7 @@ Side::Side(const LoaderOptions& options) : Side(options, NewName()) {}
 
 Side::Side(const LoaderOptions& options, const std::wstring& name) : channel_(name) {
   channel_.exchange().asking_process = GetCurrentProcessId();
-  process_ = Start(CommandLine(options, name));
+  process_ = Start(CommandLine(options, cache_.path(), name));
   AwaitEvent(channel_.answered(), "its first page", {.process = process_.get()});
 }
 

@@ -26,6 +26,8 @@ class Side {
  private:
   Side(const LoaderOptions& options, const std::wstring& name);
 
+  // Outlives the process.
+  const ScratchFolder cache_;
   Channel channel_;
   UniqueHandle process_;
 };

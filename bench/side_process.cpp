@@ -7,8 +7,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <functional>
 #include <stdexcept>
 
+#include "cookie_store.h"
 #include "measure.h"
 #include "side.h"
 
@@ -50,6 +52,14 @@ std::wstring SmallPage(const std::wstring& url, int number) {
   return url + L"small?" + std::to_wstring(number);
 }
 
+double TimeCookies(int expected, const std::function<int()>& read) {
+  int count = 0;
+  const double taken = TimePerCall(1, [&](int) { count = read(); });
+  if (count != expected)
+    throw std::runtime_error("cookies are missing");
+  return taken;
+}
+
 double Do(Loader& loader, const std::wstring& url, Task task, int count) {
   switch (task) {
     case Task::kLoad:
@@ -67,6 +77,13 @@ double Do(Loader& loader, const std::wstring& url, Task task, int count) {
     case Task::kAddHubHeader:
       loader.AddHubHeader();
       return 0;
+    case Task::kFillCookieStore:
+      FillCookieStore(count);
+      return 0;
+    case Task::kReadCookies:
+      return TimeCookies(count, [&] { return loader.ReadCookies(); });
+    case Task::kVisitCookies:
+      return TimeCookies(count, &VisitCookieStore);
     case Task::kEnd:
       break;
   }
