@@ -1,64 +1,45 @@
-// Browsers of CEF's own, without the server, on one engine.
+// CEF without the server: its engine, and browsers in windows.
 #pragma once
 
-#include <functional>
-#include <memory>
+#include <optional>
 #include <string>
 
 #include "include/cef_app.h"
 #include "include/cef_client.h"
-#include "loaders.h"
 #include "waiting.h"
 
 namespace kzbench {
 
-/// CEF's engine in this process, with a cache of its own; a process starts it once. Throws
-/// std::runtime_error when it does not start.
+// CEF's engine in this process, set up as the server does; a process starts it once. Throws
+// std::runtime_error when it does not start.
 class CefEngine {
  public:
-  /// `app` may be null.
-  explicit CefEngine(CefRefPtr<CefApp> app);
+  // `cache` is the folder of its cache. With `proxy_port`, every request goes to the proxy there.
+  CefEngine(const std::wstring& cache, std::optional<int> proxy_port);
   ~CefEngine();
   CefEngine(const CefEngine&) = delete;
   CefEngine& operator=(const CefEngine&) = delete;
-
- private:
-  const ScratchFolder cache_;
 };
 
-/// What a client tells about its browser.
-struct BrowserSignals {
-  /// `browser` is set once `created` is signalled, until `closed` is.
-  CefRefPtr<CefBrowser> browser;
-  const UniqueHandle created = MakeEvent();
-  /// The end of the main frame's load.
-  const UniqueHandle loaded = MakeEvent();
-  const UniqueHandle closed = MakeEvent();
-
-  void OnCreated(CefRefPtr<CefBrowser> created_browser);
-  void OnLoadEnd(const CefRefPtr<CefFrame>& frame);
-  void OnClosed();
-};
-
-/// A browser of the running engine whose client is what `make_client` answers; that tells the
-/// signals.
-class CefView final : public Loader {
+// A browser of the running engine. Its client has every kind of callback that the server's asks
+// for, so that the engine does the same work for both; they do nothing but tell of the browser.
+class CefView {
  public:
-  using MakeClient =
-      std::function<CefRefPtr<CefClient>(const std::shared_ptr<BrowserSignals>& signals)>;
+  // Returns when `url` is loaded.
+  explicit CefView(const std::wstring& url);
+  // Closes the browser by destroying its window, as a host does.
+  ~CefView();
+  CefView(const CefView&) = delete;
+  CefView& operator=(const CefView&) = delete;
 
-  explicit CefView(const MakeClient& make_client);
-  ~CefView() override;
-
-  void Load(const std::wstring& url) override;
+  // Returns when the page has been loaded to its end.
+  void Load(const std::wstring& url);
 
  private:
-  const HostWindow window_;
-  const std::shared_ptr<BrowserSignals> signals_ = std::make_shared<BrowserSignals>();
-};
+  class Client;
 
-/// A client with every kind of callback that the server's asks for, so that the engine does the
-/// same work for both; none of them does anything.
-CefRefPtr<CefClient> MakeBareClient(const std::shared_ptr<BrowserSignals>& signals);
+  std::optional<HostWindow> window_{std::in_place};
+  const CefRefPtr<Client> client_;
+};
 
 }  // namespace kzbench

@@ -2,82 +2,113 @@
 
 #include <windows.h>
 
-#include <stdexcept>
+#include <memory>
+#include <optional>
+#include <vector>
 
 #include "benchmarks.h"
-#include "loaders.h"
-#include "waiting.h"
+#include "side.h"
 
 namespace kzbench {
 namespace {
 
-// Loads and starts take long: fewer of them do.
-constexpr int kPageRepetitions = 15;
-constexpr int kStartRepetitions = 7;
+// All of these take long: fewer of them do.
+constexpr int kPageRepetitions = 21;
+constexpr int kStartRepetitions = 15;
+constexpr int kMemoryRepetitions = 3;
+constexpr int kNavigations = 500;
+constexpr int kBrowsers = 50;
 
-std::wstring Quote(const std::wstring& word) {
-  return L"\"" + word + L"\"";
+LoaderOptions WithoutServer(LoaderOptions options) {
+  options.server.clear();
+  return options;
 }
 
-// A started copy of this program, which is waited for.
-double TimeStart(const std::wstring& program, const std::wstring& server, const std::wstring& url) {
-  static int counter = 0;
-  const std::wstring name =
-      L"kzbench-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter);
-  const UniqueHandle loaded = MakeEvent(name.c_str());
-  std::wstring command = Quote(program) + L" load-once --url " + Quote(url) + L" --event " + name;
-  if (!server.empty())
-    command += L" --server " + Quote(server);
-
-  STARTUPINFOW startup{};
-  startup.cb = sizeof(startup);
-  PROCESS_INFORMATION process{};
-  UniqueHandle running;
-  const double taken = TimePerCall(1, [&](int) {
-    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                        nullptr, &startup, &process))
-      throw std::runtime_error("cannot start a copy of this program");
-    running.reset(process.hProcess);
-    CloseHandle(process.hThread);
-    AwaitEvent(loaded.get(), "the started program's page");
-  });
-  AwaitEvent(running.get(), "the started program's end");
-  return taken;
+Measured TimeOfLoad(Side& side) {
+  return [&side] { return side.Ask(Task::kLoad); };
 }
 
-Effort WithRepetitions(const Effort& effort, int repetitions) {
-  return {.repetitions = effort.divisor == 1 ? repetitions : 1, .divisor = effort.divisor};
+// From the start of a process to the end of its first page.
+Measured TimeOfStart(const LoaderOptions& options) {
+  return [options] {
+    std::optional<Side> side;
+    return TimePerCall(1, [&](int) { side.emplace(options); });
+  };
+}
+
+// What a process's memory is, in bytes, after each of these in turn.
+struct Footprint {
+  double at_start;
+  double after_navigations;
+  double after_browsers;
+};
+
+Footprint TakeFootprint(const LoaderOptions& options, const Effort& effort) {
+  const auto few = [&](int count) { return effort.is_short() ? 2 : count; };
+  Side side(options);
+  side.Ask(Task::kLoad);
+  Footprint footprint{};
+  footprint.at_start = side.Ask(Task::kMemory);
+  side.Ask(Task::kNavigate, few(kNavigations));
+  footprint.after_navigations = side.Ask(Task::kMemory);
+  side.Ask(Task::kOpenAndClose, few(kBrowsers));
+  footprint.after_browsers = side.Ask(Task::kMemory);
+  return footprint;
 }
 
 }  // namespace
 
-void RunPage(const std::wstring& server, const std::wstring& url, const Effort& effort) {
-  PrintHeading("a page, against CEF alone");
-  const auto served = MakeServerLoader(server);
-  const auto bare = MakeBareLoader();
-  const auto timed = [&url](Loader& loader) {
-    return [&loader, &url] { return TimeLoad(loader, url); };
+void RunPage(const LoaderOptions& options, const Effort& effort) {
+  PrintHeading(options.hub_port ? "a page through the hub, against CEF alone"
+                                : "a page, against CEF alone");
+  Side served(options);
+  Side bare(WithoutServer(options));
+  const auto compare = [&](const char* name) {
+    Compare(name, 1.05, WithRepetitions(effort, kPageRepetitions), TimeOfLoad(served),
+            TimeOfLoad(bare));
   };
-  Compare("page with 200 sub-resources", 1.05, WithRepetitions(effort, kPageRepetitions),
-          timed(*served), timed(*bare));
+  if (!options.hub_port) {
+    compare("page with 200 sub-resources");
+    return;
+  }
+  compare("page through the hub, as it is");
+  served.Ask(Task::kAddHubHeader);
+  compare("page through the hub, with a header of it");
 }
 
-void RunStart(const std::wstring& program,
-              const std::wstring& server,
-              const std::wstring& url,
-              const Effort& effort) {
+void RunStart(const LoaderOptions& options, const Effort& effort) {
   PrintHeading("process start to the first LoadEndNotify");
-  Compare(
-      "start to first page, against CEF alone", 0, WithRepetitions(effort, kStartRepetitions),
-      [&] { return TimeStart(program, server, url); }, [&] { return TimeStart(program, {}, url); });
+  LoaderOptions served = options;
+  served.first_url = options.url + L"small";
+  Compare("start to first page, against CEF alone", 1.05,
+          WithRepetitions(effort, kStartRepetitions), TimeOfStart(served),
+          TimeOfStart(WithoutServer(served)));
 }
 
-int LoadOnce(const std::wstring& server, const std::wstring& url, const std::wstring& event) {
-  const UniqueHandle loaded = MakeEvent(event.c_str());
-  const auto loader = server.empty() ? MakeBareLoader() : MakeServerLoader(server);
-  loader->Load(url);
-  SetEvent(loaded.get());
-  return 0;
+void RunMemory(const LoaderOptions& options, const Effort& effort) {
+  PrintHeading("memory of the host's process, against CEF alone");
+  Comparison start;
+  Comparison navigations;
+  Comparison navigations_growth;
+  Comparison browsers;
+  Comparison browsers_growth;
+  const int repetitions = WithRepetitions(effort, kMemoryRepetitions).repetitions;
+  for (int at = 0; at < repetitions; ++at) {
+    const Footprint served = TakeFootprint(options, effort);
+    const Footprint bare = TakeFootprint(WithoutServer(options), effort);
+    start.Add(served.at_start, bare.at_start);
+    navigations.Add(served.after_navigations, bare.after_navigations);
+    navigations_growth.Add(served.after_navigations - served.at_start,
+                           bare.after_navigations - bare.at_start);
+    browsers.Add(served.after_browsers, bare.after_browsers);
+    browsers_growth.Add(served.after_browsers - served.after_navigations,
+                        bare.after_browsers - bare.after_navigations);
+  }
+  start.Print("memory with one page", 0, Quantity::kSize);
+  navigations.Print("memory after 500 navigations", 1.05, Quantity::kSize);
+  navigations_growth.Print("of it, grown by the navigations", 0, Quantity::kSize);
+  browsers.Print("memory after 50 more browsers", 1.05, Quantity::kSize);
+  browsers_growth.Print("of it, grown by the browsers", 0, Quantity::kSize);
 }
 
 }  // namespace kzbench

@@ -9,16 +9,15 @@
 
 namespace kzbench {
 
-/// Counts the notifications, calls `on_load_end` for each LoadEndNotify, and otherwise does
-/// nothing. Owned by whoever made it and not by its references; early-bound only. Any thread.
-class PlainHandler final : public AlikeHandler<PlainHandler> {
+// Counts the notifications, calls `on_load_end` for each LoadEndNotify, and otherwise does
+// nothing. Owned by whoever made it and not by its references; early-bound only. Any thread.
+class PlainHandler : public AlikeHandler<PlainHandler> {
  public:
   PlainHandler() = default;
   virtual ~PlainHandler() = default;
   PlainHandler(const PlainHandler&) = delete;
   PlainHandler& operator=(const PlainHandler&) = delete;
 
-  std::function<void()> on_browser_created;
   std::function<void()> on_load_end;
   long long calls() const { return calls_; }
   HRESULT Noted() {
@@ -45,11 +44,6 @@ class PlainHandler final : public AlikeHandler<PlainHandler> {
   HRESULT STDMETHODCALLTYPE LoadEndNotify(LONG) override {
     if (on_load_end)
       on_load_end();
-    return Noted();
-  }
-  HRESULT STDMETHODCALLTYPE BrowserCreatedNotify() override {
-    if (on_browser_created)
-      on_browser_created();
     return Noted();
   }
   HRESULT STDMETHODCALLTYPE SetOwnerWndHandle(INT64 window) override {

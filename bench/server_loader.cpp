@@ -6,65 +6,63 @@
 #include <wrl/client.h>
 
 #include <memory>
+#include <stdexcept>
 
-#include "KZCEFComWrapper.h"
+#include "hub_place.h"
 #include "loaders.h"
-#include "plain_handler.h"
-#include "server.h"
-#include "waiting.h"
+#include "server_view.h"
 
 namespace kzbench {
 namespace {
 
-using Microsoft::WRL::ComPtr;
-
 class ServerLoader final : public Loader {
  public:
-  explicit ServerLoader(const std::wstring& path) : server_(path) {
-    handler_.on_browser_created = [this] { SetEvent(created_.get()); };
-    handler_.on_load_end = [this] { SetEvent(loaded_.get()); };
-    application_ = server_.Create<IKZCEFComApplication2>(__uuidof(KZCEFComApplication));
-    ComPtr<IKZCEFComSettings> settings;
-    Check(application_->GetKzCEFComSettings(nullptr, &settings), "getting the settings");
-    settings->put_MultiThreadedMessageLoop(VARIANT_TRUE);
-    settings->put_CachePath(_bstr_t(cache_.path().c_str()));
-    Check(application_->InitCef(nullptr, settings.Get()), "starting the server's engine");
-    Check(application_->GetKzCEFBrowser(nullptr, 0, &browser_), "getting a browser object");
-    Check(application_->RegisterKzCEFBrowserCallback(nullptr, 1, browser_.Get(), &handler_),
-          "registering a handler");
-    browser_->put_URL(_bstr_t(L"about:blank"));
-    Check(browser_->StartBrowser(reinterpret_cast<INT64>(window_.hwnd())), "starting a browser");
-    AwaitEvent(created_.get(), "the server's browser");
-    AwaitEvent(loaded_.get(), "the server's first page");
+  explicit ServerLoader(const LoaderOptions& options)
+      : engine_(options.server, options.cache, options.hub_port),
+        view_(engine_.application(), options.first_url) {
+    if (options.hub_port)
+      BindHubLibrary(options.url);
   }
 
-  ~ServerLoader() override {
-    application_->HostClosing(VARIANT_TRUE);
-    application_->UnRegisterKzCEFBrowserCallback(nullptr, 1, browser_.Get(), &handler_);
-    browser_.Reset();
-    application_->ExitCef(nullptr);
+  void Load(const std::wstring& url) override { view_.Load(url); }
+  void OpenAndClose(const std::wstring& url) override {
+    const ServerView another(engine_.application(), url);
   }
-
-  void Load(const std::wstring& url) override {
-    Check(browser_->put_URL(_bstr_t(url.c_str())), "loading a page by the server");
-    AwaitEvent(loaded_.get(), "the end of the server's load");
+  void AddHubHeader() override {
+    static constexpr const char* kLines[] = {"X-Hub-Token: 0123456789abcdef"};
+    plan_->headers = kLines;
+    plan_->header_count = 1;
+  }
+  int ReadCookies() override {
+    VARIANT list;
+    Check(cookies_->GetAllCookiesSync(&list), "reading all cookies");
+    const ULONG count = list.vt == (VT_ARRAY | VT_BSTR) ? list.parray->rgsabound[0].cElements : 0;
+    VariantClear(&list);
+    return static_cast<int>(count);
   }
 
  private:
-  const Server server_;
-  const ScratchFolder cache_;
-  const HostWindow window_;
-  const UniqueHandle created_ = MakeEvent();
-  const UniqueHandle loaded_ = MakeEvent();
-  PlainHandler handler_;
-  ComPtr<IKZCEFComApplication2> application_;
-  ComPtr<IKZCEFComBrowser> browser_;
+  // The server looks for the library in the machine's registry until it has found it, which then
+  // stays; so the engine misses that part of the registry for one page only.
+  void BindHubLibrary(const std::wstring& url) {
+    kzhub::HubPlace place;
+    plan_ = &place.Install();
+    Load(url);
+    if (plan_->calls == 0)
+      throw std::runtime_error("the hub library is not asked");
+  }
+
+  const ServerEngine engine_;
+  ServerView view_;
+  const Microsoft::WRL::ComPtr<IKZCEFComCookieManager> cookies_ =
+      engine_.server().Create<IKZCEFComCookieManager>(__uuidof(KZCEFComCookieManager));
+  kzhub::Plan* plan_ = nullptr;
 };
 
 }  // namespace
 
-std::unique_ptr<Loader> MakeServerLoader(const std::wstring& path) {
-  return std::make_unique<ServerLoader>(path);
+std::unique_ptr<Loader> MakeServerLoader(const LoaderOptions& options) {
+  return std::make_unique<ServerLoader>(options);
 }
 
 }  // namespace kzbench

@@ -10,8 +10,16 @@
 namespace kzbench {
 namespace {
 
-constexpr DWORD kPatienceMilliseconds = 30'000;
+constexpr DWORD kLookAgainMilliseconds = 10;
 constexpr wchar_t kClassName[] = L"KzBenchHost";
+
+void TakeMessages() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
 
 }  // namespace
 
@@ -22,21 +30,38 @@ UniqueHandle MakeEvent(const wchar_t* name) {
   return event;
 }
 
-void AwaitEvent(HANDLE event, const char* what) {
-  const ULONGLONG end = GetTickCount64() + kPatienceMilliseconds;
+void AwaitEvent(HANDLE event, const char* what, const Patience& patience) {
+  const HANDLE handles[] = {event, patience.process};
+  const DWORD count = patience.process ? 2 : 1;
+  const ULONGLONG end = GetTickCount64() + patience.milliseconds;
   for (;;) {
     const ULONGLONG now = GetTickCount64();
     if (now >= end)
       throw std::runtime_error(std::string("waited in vain for ") + what);
-    const DWORD woken =
-        MsgWaitForMultipleObjects(1, &event, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+    const DWORD woken = MsgWaitForMultipleObjects(count, handles, FALSE,
+                                                  static_cast<DWORD>(end - now), QS_ALLINPUT);
     if (woken == WAIT_OBJECT_0)
       return;
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-      TranslateMessage(&message);
-      DispatchMessageW(&message);
-    }
+    if (woken == WAIT_OBJECT_0 + 1 && patience.process)
+      throw std::runtime_error(std::string("a process ended before ") + what);
+    TakeMessages();
+  }
+}
+
+void AwaitTrue(const std::function<bool()>& condition, const char* what) {
+  const ULONGLONG end = GetTickCount64() + Patience().milliseconds;
+  while (!condition()) {
+    if (GetTickCount64() >= end)
+      throw std::runtime_error(std::string("waited in vain for ") + what);
+    Pump(kLookAgainMilliseconds);
+  }
+}
+
+void Pump(DWORD milliseconds) {
+  const ULONGLONG end = GetTickCount64() + milliseconds;
+  for (ULONGLONG now = GetTickCount64(); now < end; now = GetTickCount64()) {
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+    TakeMessages();
   }
 }
 

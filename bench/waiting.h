@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -14,14 +15,26 @@ struct HandleCloser {
 };
 using UniqueHandle = std::unique_ptr<HANDLE, HandleCloser>;
 
-/// An event that resets itself when it was waited for.
+// An event that resets itself when it was waited for. A name shares it with other processes.
 UniqueHandle MakeEvent(const wchar_t* name = nullptr);
 
-/// Waits for `event` and meanwhile takes window messages. Throws std::runtime_error, naming `what`,
-/// after half a minute.
-void AwaitEvent(HANDLE event, const char* what);
+struct Patience {
+  DWORD milliseconds = 60'000;
+  // A process without which there is nothing to wait for; null for none.
+  HANDLE process = nullptr;
+};
 
-/// A window to put a browser into, with a client area of 800 by 600 pixels.
+// Waits for `event` and meanwhile takes window messages. Throws std::runtime_error, naming `what`,
+// when patience ends.
+void AwaitEvent(HANDLE event, const char* what, const Patience& patience = {});
+
+// The same for what no event tells.
+void AwaitTrue(const std::function<bool()>& condition, const char* what);
+
+// Takes window messages for a while.
+void Pump(DWORD milliseconds);
+
+// A window to put a browser into, with a client area of 800 by 600 pixels.
 class HostWindow {
  public:
   HostWindow();
@@ -35,7 +48,7 @@ class HostWindow {
   HWND hwnd_ = nullptr;
 };
 
-/// A fresh folder below the one for temporary files, deleted with the object.
+// A fresh folder below the one for temporary files, deleted with the object.
 class ScratchFolder {
  public:
   ScratchFolder();
