@@ -16,7 +16,7 @@ BUILD = Path(os.environ.get("KZ_BUILD", REPOSITORY / "build/mingw"))
 # Each room, and the rooms that it may use.
 BELOW = {
     "utils": [],
-    "com": [],
+    "com": ["utils"],
     "dialogs": ["utils", "com"],
     "handler": ["dialogs", "utils", "com"],
     "runtime": ["handler", "dialogs", "utils", "com"],

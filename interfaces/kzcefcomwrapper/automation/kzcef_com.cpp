@@ -9,7 +9,7 @@
 
 #include "automation/browser_life.h"
 #include "automation/handler_reference.h"
-#include "com/never_destroyed.h"
+#include "utils/never_destroyed.h"
 
 namespace kzcef {
 namespace {

@@ -8,12 +8,12 @@
 #include <utility>
 
 #include "bridge/argument_text.h"
-#include "com/never_destroyed.h"
 #include "include/cef_app.h"
 #include "include/wrapper/cef_closure_task.h"
 #include "runtime/cache_directory.h"
 #include "runtime/kz_cef_instance.h"
 #include "runtime/pending_requests.h"
+#include "utils/never_destroyed.h"
 
 namespace kzcef {
 namespace {

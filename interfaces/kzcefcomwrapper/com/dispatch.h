@@ -6,7 +6,7 @@
 #include <oaidl.h>
 #include <wrl/client.h>
 
-#include "com/never_destroyed.h"
+#include "utils/never_destroyed.h"
 
 namespace kzcef {
 

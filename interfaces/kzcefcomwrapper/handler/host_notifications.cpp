@@ -4,7 +4,7 @@
 
 #include <atomic>
 
-#include "com/never_destroyed.h"
+#include "utils/never_destroyed.h"
 
 namespace kzcef {
 namespace {

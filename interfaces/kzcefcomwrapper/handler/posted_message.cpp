@@ -7,8 +7,8 @@
 #include <mutex>
 #include <utility>
 
-#include "com/never_destroyed.h"
 #include "handler/contained_notification.h"
+#include "utils/never_destroyed.h"
 
 namespace kzcef {
 namespace {

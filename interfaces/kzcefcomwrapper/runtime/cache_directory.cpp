@@ -7,10 +7,10 @@
 
 #include <optional>
 
-#include "com/never_destroyed.h"
 #include "include/cef_file_util.h"
 #include "utils/kzcefwrapperutils.h"
 #include "utils/lock_file.h"
+#include "utils/never_destroyed.h"
 #include "utils/path_text.h"
 
 namespace kzcef {

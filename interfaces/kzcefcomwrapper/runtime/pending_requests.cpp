@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "com/never_destroyed.h"
 #include "handler/posted_message.h"
 #include "runtime/main_window.h"
+#include "utils/never_destroyed.h"
 
 namespace kzcef {
 namespace {

@@ -8,7 +8,6 @@
 #include <optional>
 #include <string>
 
-#include "com/never_destroyed.h"
 #include "include/cef_app.h"
 #include "runtime/cache_directory.h"
 #include "runtime/command_line_source.h"
@@ -17,6 +16,7 @@
 #include "runtime/settings_copy.h"
 #include "runtime/settings_reader.h"
 #include "utils/kzcefwrapperutils.h"
+#include "utils/never_destroyed.h"
 #include "utils/process_settings.h"
 
 namespace kzcef {

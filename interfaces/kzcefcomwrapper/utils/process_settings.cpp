@@ -8,7 +8,7 @@
 #include <mutex>
 #include <utility>
 
-#include "com/never_destroyed.h"
+#include "utils/never_destroyed.h"
 
 namespace kzcef {
 namespace {
