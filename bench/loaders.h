@@ -11,7 +11,7 @@ namespace kzbench {
 
 // An engine with one browser in a window. To be used and deleted on one thread, which takes window
 // messages while it waits. Every member throws std::runtime_error when it fails or nothing happens
-// for a minute.
+// for two minutes.
 class Loader {
  public:
   virtual ~Loader() = default;

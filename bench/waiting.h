@@ -19,7 +19,7 @@ using UniqueHandle = std::unique_ptr<HANDLE, HandleCloser>;
 UniqueHandle MakeEvent(const wchar_t* name = nullptr);
 
 struct Patience {
-  DWORD milliseconds = 60'000;
+  DWORD milliseconds = 120'000;
   // A process without which there is nothing to wait for; null for none.
   HANDLE process = nullptr;
 };
