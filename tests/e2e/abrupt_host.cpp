@@ -106,13 +106,6 @@ int End(std::wstring_view way) {
   if (way == L"TerminateProcess") {
     TerminateProcess(GetCurrentProcess(), kStatus);
   }
-  if (way == L"console") {
-    AllocConsole();
-    if (!GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, 0)) {
-      return static_cast<int>(GetLastError());
-    }
-    WaitForTheEnd();
-  }
   if (way == L"FreeLibrary") {
     FreeLibrary(GetModuleHandleW(L"KZCEFComWrapper.dll"));
     // Long enough for the engine's threads to come by.
