@@ -98,7 +98,7 @@ void CompareTimes(const CefRefPtr<kzcef::kzCefClientHandler>& server, const Effo
       });
     };
   };
-  const Timed through_server = timed([&] { passage.Through(server); });
+  const Measured through_server = timed([&] { passage.Through(server); });
   Compare("against callbacks that do nothing", 0, effort, through_server,
           timed([&] { passage.Through(bare); }));
   Compare("against CEF's resource manager alone", 0, effort, through_server,

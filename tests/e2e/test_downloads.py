@@ -131,7 +131,7 @@ def test_save_dialogue_decides(hosts, site, desk, tmp_path, downloads):
     host = hosts.start([created(), loaded(), answer(ShowSaveAsDialog=1), fetch(offer(site)),
                         wait("DownloadCompletedNotify")], url=site.page("/a.html"))
     host.wait_for("BeforeDownloadNotify")
-    dialog = desk.wait_for_dialog("Save As")
+    dialog = desk.wait_for_dialog("^Save")
     desk.key("ctrl+a")
     desk.type(wine.windows_path(chosen))
     desk.key("Return")
@@ -146,7 +146,7 @@ def test_save_dialogue_that_is_cancelled_cancels_the_download(hosts, site, desk,
                         wait("DownloadUpdatedNotify", DownloadStatus=2)],
                        url=site.page("/a.html"))
     host.wait_for("BeforeDownloadNotify")
-    dialog = desk.wait_for_dialog("Save As")
+    dialog = desk.wait_for_dialog("^Save")
     desk.key("Escape")
     desk.wait_until_gone(dialog)
     events = host.finish().succeeded()
@@ -220,7 +220,9 @@ def test_interrupted_file_counts_as_running_and_leaves_nothing(hosts, site, down
     cut = [e for e in events.notifications("DownloadUpdatedNotify")
            if not e["DownloadPathName"].endswith("after.bin")]
     assert {e["DownloadStatus"] for e in cut} <= {0}
-    assert [file.name for file in downloads.iterdir()] == ["after.bin"]
+    # Where a file system has no streams, Wine keeps the mark of a file's origin as one of its own.
+    names = [file.name for file in downloads.iterdir() if ":" not in file.name]
+    assert names == ["after.bin"]
 
 
 def test_host_that_ends_during_a_download_leaves_no_file(hosts, site, downloads):

@@ -69,10 +69,9 @@ def test_bytes_that_are_no_text_are_read_in_the_ansi_code_page(post, site):
                 ) == [(site.url("/federated/search"), "{\u00ff\u00c3\u00a4\u20ac}")]
 
 
-def test_first_part_of_a_body_is_told(post, site):
-    """The browser tells a blob's contents; the parts in it are one element to it."""
-    assert post(fetch("/federated/search", "new Blob(['{\"q\":', new Blob(['1}'])])")) == \
-        [(site.url("/federated/search"), '{"q":1}')]
+def test_body_that_is_a_blob_is_not_told(post):
+    """The engine keeps a blob's contents to itself: the request has no element with bytes."""
+    assert post(fetch("/federated/search", "new Blob(['{\"q\":1}'])")) == []
 
 
 def test_long_body_is_told_whole(post, site):

@@ -155,6 +155,8 @@ def test_languages_of_the_settings_reach_the_page(hosts, site):
     assert language.startswith("de-CH,de;q=0.9,fr;q=0.8")
 
 
+@pytest.mark.xfail(strict=True, reason="kzCefSubProc.exe does not give pages cefQuery yet: the "
+                                       "renderer's side of the message router is missing")
 def test_query_of_a_page_gets_no_answer_of_a_host(hosts, site):
     hosts.run([created(), loaded(),
                script("cefQuery({request: 'x', onFailure: (code, text) =>"

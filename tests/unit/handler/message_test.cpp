@@ -129,6 +129,7 @@ TEST_F(MessageTest, QueryIsTakenAndGetsNoAnswerOfThisSystem) {
 class SilentHandler : public CefMessageRouterBrowserSide::Handler {
  public:
   explicit SilentHandler(std::vector<std::string>* events) : events_(events) {}
+  using CefMessageRouterBrowserSide::Handler::OnQuery;
   bool OnQuery(CefRefPtr<CefBrowser>,
                CefRefPtr<CefFrame>,
                int64_t,
