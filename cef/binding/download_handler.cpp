@@ -112,7 +112,7 @@ void Counterpart<CefDownloadHandler>::ClientClass::Bind(Struct& functions) {
           const auto download = Rewrap<CefDownloadItem>(item);
           ClientObject<CefDownloadHandler>::ObjectOf(self)->OnBeforeDownload(
               Rewrap<CefBrowser>(browser), download, CefString(suggested_name),
-              new BeforeDownloadCallbackObject(callback, download->GetId()));
+              new BeforeDownloadCallbackObject(callback, download ? download->GetId() : 0));
         });
         return 1;
       };
@@ -122,11 +122,13 @@ void Counterpart<CefDownloadHandler>::ClientClass::Bind(Struct& functions) {
     Contain([&] {
       const auto download = Rewrap<CefDownloadItem>(item);
       const auto callback = Rewrap<CefDownloadItemCallback>(structure);
-      NoteDownload(download, callback);
-      if (download->IsInProgress()) {
-        RunningDownloads().Update(download->GetId(), callback);
-      } else {
-        RunningDownloads().Forget(download->GetId());
+      if (download) {
+        NoteDownload(download, callback);
+        if (download->IsInProgress()) {
+          RunningDownloads().Update(download->GetId(), callback);
+        } else {
+          RunningDownloads().Forget(download->GetId());
+        }
       }
       ClientObject<CefDownloadHandler>::ObjectOf(self)->OnDownloadUpdated(
           Rewrap<CefBrowser>(browser), download, callback);

@@ -47,7 +47,8 @@ def test_includes_lead_downwards_by_one_spelling(room):
 def compiles(room: str, include: str, folder: Path) -> bool:
     """Whether a source of `room` could include `include`, by the flags of one that there is."""
     database = json.loads((BUILD / "compile_commands.json").read_text())
-    entry = next(e for e in database if Path(e["file"]).parent == PRODUCT / room)
+    entry = next(e for e in database
+                 if Path(e["file"]).parent == PRODUCT / room and e["file"].endswith(".cpp"))
     words = shlex.split(entry["command"])
     flags = [word for word in words if word.startswith(("-D", "-std"))]
     for option in ("-I", "-isystem"):

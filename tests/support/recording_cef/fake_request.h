@@ -36,6 +36,25 @@ class FakePostElement final : public CefPostDataElement {
   IMPLEMENT_REFCOUNTING(FakePostElement);
 };
 
+// A body of elements that are the tests' own, which the engine's would not take.
+class FakePostData final : public CefPostData {
+ public:
+  ElementVector elements;
+
+  bool IsReadOnly() override { return false; }
+  bool HasExcludedElements() override { return false; }
+  size_t GetElementCount() override { return elements.size(); }
+  void GetElements(ElementVector& target) override { target = elements; }
+  bool RemoveElement(CefRefPtr<CefPostDataElement>) override { return false; }
+  bool AddElement(CefRefPtr<CefPostDataElement> element) override {
+    elements.push_back(element);
+    return true;
+  }
+  void RemoveElements() override { elements.clear(); }
+
+  IMPLEMENT_REFCOUNTING(FakePostData);
+};
+
 // A request for tests that is what its members say: its URL as it was written, and a resource type
 // and an identifier that otherwise only the engine gives.
 class FakeRequest final : public CefRequest {

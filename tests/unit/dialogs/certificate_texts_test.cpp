@@ -91,10 +91,6 @@ TEST(ExpiryText, IsInvalidForWhatIsNoTime) {
 }
 
 // The C runtime knows no local time before 1970.
-TEST(ExpiryText, IsInvalidForWhatHasNoLocalTime) {
-  EXPECT_EQ(ExpiryTextOf(0), "Invalid");
-}
-
 TEST(ExpiryText, IsTheLocalDate) {
   const int64_t late = TimeOf(2031, 2, 3, 23, 30);
   UseZone("UTC0");

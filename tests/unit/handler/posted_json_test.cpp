@@ -33,7 +33,7 @@ class PostedJsonTest : public testing::RequestTest {
     element->type = type;
     element->bytes = std::move(bytes);
     if (!request_->post_data) {
-      request_->post_data = CefPostData::Create();
+      request_->post_data = new recording_cef::FakePostData;
     }
     request_->post_data->AddElement(element);
     return element;
@@ -109,7 +109,7 @@ TEST_F(PostedJsonTest, IsNotToldForOtherMediaTypes) {
 
 TEST_F(PostedJsonTest, IsNotToldWithoutABody) {
   Complete();
-  request_->post_data = CefPostData::Create();
+  request_->post_data = new recording_cef::FakePostData;
   Complete();
 }
 
