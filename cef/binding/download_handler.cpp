@@ -105,17 +105,20 @@ void Counterpart<CefDownloadHandler>::ClientClass::Bind(Struct& functions) {
   cefbinding::Bind<&CefDownloadHandler::CanDownload>(functions.can_download);
   // The engine wants to know whether the download is taken care of. With CEF 123 it always was: one
   // whose callback was let go without an answer got none of Chrome's own handling.
-  functions.on_before_download =
-      [](Struct* self, capi::cef_browser_t* browser, capi::cef_download_item_t* item,
-         cef_string_utf16_t* suggested_name, capi::cef_before_download_callback_t* callback) {
-        Contain([&] {
-          const auto download = Rewrap<CefDownloadItem>(item);
-          ClientObject<CefDownloadHandler>::ObjectOf(self)->OnBeforeDownload(
-              Rewrap<CefBrowser>(browser), download, CefString(suggested_name),
-              new BeforeDownloadCallbackObject(callback, download ? download->GetId() : 0));
-        });
-        return 1;
-      };
+  functions.on_before_download = [](Struct* self, capi::cef_browser_t* browser,
+                                    capi::cef_download_item_t* item,
+                                    cef_string_utf16_t* suggested_name,
+                                    capi::cef_before_download_callback_t* callback) {
+    Contain([&] {
+      const auto download = Rewrap<CefDownloadItem>(item);
+      const CefRefPtr<CefBeforeDownloadCallback> answer =
+          callback ? new BeforeDownloadCallbackObject(callback, download ? download->GetId() : 0)
+                   : nullptr;
+      ClientObject<CefDownloadHandler>::ObjectOf(self)->OnBeforeDownload(
+          Rewrap<CefBrowser>(browser), download, CefString(suggested_name), answer);
+    });
+    return 1;
+  };
   functions.on_download_updated = [](Struct* self, capi::cef_browser_t* browser,
                                      capi::cef_download_item_t* item,
                                      capi::cef_download_item_callback_t* structure) {
