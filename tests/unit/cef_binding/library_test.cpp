@@ -60,7 +60,8 @@ TEST(LibraryTest, AnotherVersionIsRefusedWithBothHashes) {
 
 TEST(LibraryTest, ALibraryThatLacksAFunctionIsRefusedByItsName) {
   const Library library = LoadEngine(OwnFolder() / L"incomplete_libcef.dll", kEngineApiHash);
-  EXPECT_THAT(library.refusal, HasSubstr("lacks the function cef_add_cross_origin_whitelist_entry"));
+  EXPECT_THAT(library.refusal,
+              HasSubstr("lacks the function cef_add_cross_origin_whitelist_entry"));
   EXPECT_THAT(library.refusal, EndsWith(kEngineApiHash));
   ExpectRefused(library);
 }
