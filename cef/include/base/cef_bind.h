@@ -64,6 +64,7 @@ auto Owned(std::unique_ptr<T, Deleter>&& ptr) {
 // Moves a value through a RepeatingCallback, which can then run once only.
 template <typename T, std::enable_if_t<!std::is_lvalue_reference_v<T>>* = nullptr>
 auto Passed(T&& value) {
+  // NOLINTNEXTLINE(bugprone-move-forwarding-reference): as CEF declares it.
   return cef_internal::PassedWrapper<T>{std::move(value)};
 }
 template <typename T>

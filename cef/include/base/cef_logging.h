@@ -77,8 +77,10 @@ class LogMessageVoidify {
 #define VLOG_IS_ON(verboselevel) ((verboselevel) <= ::cef::logging::GetVlogLevel(__FILE__))
 
 #define CEF_LOG_STREAM_(severity) ::cef::logging::LogMessage(__FILE__, __LINE__, severity).stream()
+// NOLINTBEGIN(bugprone-macro-parentheses): a statement, as CEF declares it.
 #define LAZY_STREAM(stream, condition) \
   !(condition) ? (void)0 : ::cef::logging::LogMessageVoidify() & (stream)
+// NOLINTEND(bugprone-macro-parentheses)
 
 #define LOG(severity) \
   LAZY_STREAM(CEF_LOG_STREAM_(::cef::logging::LOG_##severity), LOG_IS_ON(severity))

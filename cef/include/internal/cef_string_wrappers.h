@@ -236,6 +236,7 @@ class CefStringBase final {
   bool operator==(const CefStringBase& str) const { return compare(str) == 0; }
   bool operator!=(const CefStringBase& str) const { return compare(str) != 0; }
 
+  // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): as CEF declares it.
   CefStringBase& operator=(const CefStringBase& str) {
     FromString(str.c_str(), str.length(), true);
     return *this;

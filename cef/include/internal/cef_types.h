@@ -204,6 +204,7 @@ typedef enum {
 // Network errors, negative, as the browser numbers them.
 typedef enum {
   ERR_NONE = 0,
+// NOLINTNEXTLINE(bugprone-macro-parentheses): as CEF declares it.
 #define NET_ERROR(label, value) ERR_##label = value,
 #include "include/base/internal/cef_net_error_list.h"
 #undef NET_ERROR

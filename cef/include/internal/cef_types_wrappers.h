@@ -23,6 +23,7 @@ class CefStructBase : public traits::struct_type {
     }
   }
 
+  // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): as CEF declares it.
   CefStructBase& operator=(const CefStructBase& s) {
     return *this = static_cast<const struct_type&>(s);
   }
