@@ -138,8 +138,15 @@ StepsRunner::Failure StepsRunner::Call(const Step& step) {
     return failure;
   }
   Variant result;
-  const HRESULT outcome = CallMethod(object, ToWide(step.Text("member")), arguments, &result);
-  const Json value = VariantToJson(result);
+  HRESULT outcome = S_OK;
+  Json value;
+  const auto call = [&] {
+    outcome = CallMethod(object, ToWide(step.Text("member")), arguments, result.Receive());
+    value = VariantToJson(result);
+    return !step.Has("equals") || (SUCCEEDED(outcome) && value == step.members.at("equals"));
+  };
+  // Without a time-out of its own the member is called once.
+  const bool reached = step.Has("timeout") ? host_.WaitUntil(call, step.Timeout()) : call();
   if ((failure = Outcome(step, outcome, value))) {
     return failure;
   }
@@ -151,7 +158,7 @@ StepsRunner::Failure StepsRunner::Call(const Step& step) {
     }
     host_.KeepObject(step.Text("as"), std::move(kept));
   }
-  if (step.Has("equals") && value != step.members.at("equals")) {
+  if (!reached) {
     return "the result is " + Dump(value);
   }
   return std::nullopt;

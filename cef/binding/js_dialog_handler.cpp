@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "binding.h"
 #include "forced_closes.h"
@@ -81,6 +82,24 @@ PageDialogKind KindOf(cef_jsdialog_type_t type) {
   }
 }
 
+void ShowDialog(CefBrowser& browser,
+                HWND view,
+                PageDialogKind kind,
+                PageDialogTexts texts,
+                const CefRefPtr<CefJSDialogCallback>& callback) {
+  // A frame's dialog takes the place of another frame's. That one is answered before the new one is
+  // known: the engine takes down whatever the browser shows then.
+  if (const std::optional<Shown> before = TakeDialogOf(browser.GetIdentifier())) {
+    before->dialog->Dismiss();
+    before->callback->Continue(false, CefString());
+  }
+  const auto dialog = PageDialog::Show(view, kind, std::move(texts),
+                                       [callback](bool accepted, const std::wstring& input) {
+                                         callback->Continue(accepted, input);
+                                       });
+  Dialogs()[browser.GetIdentifier()] = {dialog, callback};
+}
+
 class JavaScriptDialogHandler final : public CefJSDialogHandler {
  public:
   bool OnJSDialog(CefRefPtr<CefBrowser> browser,
@@ -101,32 +120,33 @@ class JavaScriptDialogHandler final : public CefJSDialogHandler {
       suppress_message = true;
       return false;
     }
-    // A frame's dialog takes the place of another frame's. That one is answered before the new one
-    // is known: the engine takes down whatever the browser shows then.
-    if (const std::optional<Shown> before = TakeDialogOf(browser->GetIdentifier())) {
-      before->dialog->Dismiss();
-      before->callback->Continue(false, CefString());
-    }
-    const auto dialog = PageDialog::Show(
-        view, KindOf(dialog_type),
-        {TitleOf(*browser, origin_url), message_text.ToWString(), default_prompt_text.ToWString()},
-        [callback](bool accepted, const std::wstring& input) {
-          callback->Continue(accepted, input);
-        });
-    Dialogs()[browser->GetIdentifier()] = {dialog, callback};
+    ShowDialog(*browser, view, KindOf(dialog_type),
+               {.title = TitleOf(*browser, origin_url),
+                .message = message_text.ToWString(),
+                .input = default_prompt_text.ToWString()},
+               callback);
     return true;
   }
 
-  // Left to CEF, whose dialog needs no window of Chrome's. A browser that is closing in any case
-  // goes without a question, as with CEF 123.
+  // In Chromium's words, but not in its dialog: the engine does not survive a host that ends while
+  // that one is open. A browser that is closing in any case goes without a question, as with CEF
+  // 123, and so does one that nobody can see.
   bool OnBeforeUnloadDialog(CefRefPtr<CefBrowser> browser,
                             const CefString& /*message_text*/,
-                            bool /*is_reload*/,
+                            bool is_reload,
                             CefRefPtr<CefJSDialogCallback> callback) override {
-    if (!IsForcedToClose(*browser)) {
-      return false;
+    const CefRefPtr<CefBrowserHost> host = browser->GetHost();
+    const HWND view = host ? host->GetWindowHandle() : nullptr;
+    if (IsForcedToClose(*browser) || !IsWindowVisible(view)) {
+      callback->Continue(true, CefString());
+      return true;
     }
-    callback->Continue(true, CefString());
+    ShowDialog(*browser, view, PageDialogKind::kConfirm,
+               {.title = is_reload ? L"Reload site?" : L"Leave site?",
+                .message = L"Changes you made may not be saved.",
+                .input = {},
+                .agreement = is_reload ? L"Reload" : L"Leave"},
+               callback);
     return true;
   }
 

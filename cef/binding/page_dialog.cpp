@@ -1,4 +1,5 @@
-// A dialog window for JavaScript's alert, confirm and prompt.
+// A dialog window for JavaScript's alert, confirm and prompt, and for the question whether a page
+// may be left.
 
 #include "page_dialog.h"
 
@@ -212,7 +213,8 @@ void PageDialog::Arrange(HWND window) {
     place.right = place.left - units.left;
   }
   place.left = place.right - units.right;
-  const HWND ok = AddControl(window, L"BUTTON", L"OK", WS_TABSTOP | BS_DEFPUSHBUTTON, IDOK, place);
+  const HWND ok = AddControl(window, L"BUTTON", texts_.agreement.c_str(),
+                             WS_TABSTOP | BS_DEFPUSHBUTTON, IDOK, place);
   SendMessageW(window, DM_SETDEFID, IDOK, 0);
   SetFocus(focus ? focus : ok);
   Place(window, owner_, place.bottom + inner.top);

@@ -1,4 +1,5 @@
-// A dialog window for JavaScript's alert, confirm and prompt.
+// A dialog window for JavaScript's alert, confirm and prompt, and for the question whether a page may
+// be left.
 #pragma once
 
 #include <windows.h>
@@ -15,6 +16,8 @@ struct PageDialogTexts {
   std::wstring message;
   // What stands in the input field at first.
   std::wstring input;
+  // On the button that agrees.
+  std::wstring agreement = L"OK";
 };
 
 enum class PageDialogKind { kAlert, kConfirm, kPrompt };

@@ -25,6 +25,7 @@ constexpr MemberInfo kCall[] = {{"object", MemberKind::kText, kRequired},
                                 {"member", MemberKind::kText, kRequired},
                                 {"args", MemberKind::kArray},
                                 {"equals", MemberKind::kValue},
+                                kTimeout,
                                 {"as", MemberKind::kText},
                                 kResult};
 constexpr MemberInfo kClick[] = {{"x", MemberKind::kNumber, kRequired},

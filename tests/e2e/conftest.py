@@ -63,7 +63,7 @@ def nothing_left(request, tmp_path):
     """After every test: no process of an engine whose profile is the test's, and no lock. Both take
     a moment: Wine closes a process's files once it has seen that the process is gone."""
     yield
-    processes.wait_until(lambda: not processes.engine_processes(tmp_path), 30,
+    processes.wait_until(lambda: not processes.engine_processes(tmp_path), 45,
                          f"the end of {processes.engine_processes(tmp_path)}")
     if not request.node.get_closest_marker("leaves_lock"):
         processes.wait_until(lambda: not list(tmp_path.rglob("cef.lock")), 5, "the end of the lock")

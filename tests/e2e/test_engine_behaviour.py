@@ -5,8 +5,8 @@ import threading
 
 import pytest
 
-from support import processes, wine
-from support.steps import created, do, load, loaded, wait
+from support import wine
+from support.steps import created, do, load, loaded, script, wait
 
 # Three questions one after the other; the answers are told in the address.
 QUESTIONS = """<script>
@@ -81,10 +81,52 @@ def test_page_is_not_asked_when_its_window_is_closed(hosts, site, desk):
                         do("close")],
                        url=site.page("/asks.html", ASKS_BEFORE_UNLOAD))
     host.wait_for("LoadEndNotify")
-    desk.click(300, 250)
-    site.wait_for("/click")
+    desk.touch(300, 250, site)
     (hosts.folder / "seen").touch()
     host.finish().succeeded()
+
+
+def ask(hosts, site, desk, *steps):
+    """A host whose page has asked whether it may be left; returns the dialog, too."""
+    site.raw("/click", b"", "text/plain")
+    host = hosts.start([created(), loaded(), do("waitFile", path="touched", timeout=60_000),
+                        do("mark"), *steps], url=site.page("/asks.html", ASKS_BEFORE_UNLOAD))
+    host.wait_for("LoadEndNotify")
+    # Only a page that was touched may ask.
+    desk.touch(300, 250, site)
+    (hosts.folder / "touched").touch()
+    return host, desk.wait_for_named("^(Leave|Reload) site", timeout=40)
+
+
+def test_page_that_asks_is_left_when_the_user_agrees(hosts, site, desk):
+    other = site.page("/other.html")
+    host, dialog = ask(hosts, site, desk, load(other),
+                       wait("AddressChangeNotify", NewAddress=other), loaded())
+    desk.point_at(dialog)
+    desk.key("Return")
+    desk.wait_until_gone(dialog)
+    host.finish().succeeded()
+
+
+def test_page_that_asks_stays_when_the_user_does_not_agree(hosts, site, desk):
+    host, dialog = ask(hosts, site, desk, do("refresh"),
+                       do("waitFile", path="answered", timeout=60_000),
+                       script("fetch('/still-here')"), wait("ResourceResponseNotify",
+                                                            URLStr="*/still-here"))
+    desk.point_at(dialog)
+    desk.key("Escape")
+    desk.wait_until_gone(dialog)
+    (hosts.folder / "answered").touch()
+    host.finish().succeeded()
+    assert site.paths().count("/asks.html") == 1
+
+
+def test_host_may_end_while_the_page_asks(hosts, site, desk):
+    host, dialog = ask(hosts, site, desk, load(site.page("/other.html")),
+                       do("waitFile", path="asked", timeout=60_000))
+    (hosts.folder / "asked").touch()
+    host.finish().succeeded()
+    desk.wait_until_gone(dialog)
 
 
 def test_pages_picture_is_fetched_by_those_who_ask_for_it_alone(hosts, site):

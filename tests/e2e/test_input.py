@@ -3,7 +3,7 @@
 import pytest
 
 from support import processes
-from support.steps import created, do, loaded, pixel
+from support.steps import created, do, loaded, pixel, wait
 
 # The whole page is one place, and tells the server which keys and clicks it gets.
 COLOUR = "#40a0a0"
@@ -26,11 +26,11 @@ def telling(site):
     return site
 
 
-def browse(hosts, url, *steps, env=None):
-    """A host that shows the page until the file "seen" is there."""
+def browse(hosts, url, *steps, env=None, then=()):
+    """A host that shows the page until the file "seen" is there, and carries out `then`."""
     host = hosts.start([created(), *steps, loaded(), pixel(300, 200, COLOUR),
                         do("screenshot", file="painted.png"),
-                        do("waitFile", path="seen", timeout=120_000)], url=url, env=env)
+                        do("waitFile", path="seen", timeout=120_000), *then], url=url, env=env)
     # A click at what is not to be seen yet meets nothing.
     processes.wait_until((hosts.folder / "painted.png").exists, 120, "the page")
     return host
@@ -43,7 +43,7 @@ def finish(hosts, host):
 
 def test_key_comes_to_the_host_and_then_to_the_page(hosts, telling, desk):
     host = browse(hosts, telling.page("/a.html", TELL))
-    touch(desk, telling)
+    desk.touch(*VIEW, telling)
     desk.key("a")
     telling.wait_for("/keydown?KeyA")
     telling.wait_for("/keyup?KeyA")
@@ -59,7 +59,7 @@ def test_only_minus_one_keeps_a_key_from_the_page(hosts, telling, desk, answer, 
     host = browse(hosts, telling.page("/a.html", TELL),
                   do("answer", notification="KeyStrokeNotify", set={"isEventHandled": answer},
                      when={"windowsKeyCode": 65}))
-    touch(desk, telling)
+    desk.touch(*VIEW, telling)
     desk.key("a")
     desk.key("b")
     telling.wait_for("/keydown?KeyB")
@@ -70,7 +70,7 @@ def test_only_minus_one_keeps_a_key_from_the_page(hosts, telling, desk, answer, 
 
 def test_escape_gives_both_notifications_escape_first(hosts, telling, desk):
     host = browse(hosts, telling.page("/a.html", TELL))
-    touch(desk, telling)
+    desk.touch(*VIEW, telling)
     desk.key("Escape")
     telling.wait_for("/keydown?Escape")
     events = finish(hosts, host)
@@ -81,7 +81,7 @@ def test_escape_gives_both_notifications_escape_first(hosts, telling, desk):
 
 def test_keys_for_a_text_field_go_to_the_page_alone(hosts, telling, desk):
     host = browse(hosts, telling.page("/a.html", FIELD + TELL))
-    touch(desk, telling)
+    desk.touch(*VIEW, telling)
     telling.wait_for("/focus")
     desk.type("ab")
     telling.wait_for("/input?ab")
@@ -92,34 +92,33 @@ def test_keys_for_a_text_field_go_to_the_page_alone(hosts, telling, desk):
     assert events.notifications("EscapeKeyNotify") == []
 
 
+def test_text_that_the_host_posts_arrives_at_the_view_with_the_focus(hosts, telling, desk):
+    form = ("<form action='/sent'><input name=q style='position:fixed;inset:0;width:100%;height:100%;"
+            f"background:{COLOUR}' onfocus='fetch(`/focus`)'></form>")
+    telling.page("/sent")
+    host = browse(hosts, telling.page("/a.html", form + TELL),
+                  then=[do("type", text="ab 12\n"),
+                        wait("AddressChangeNotify", NewAddress="*/sent?q=ab+12")])
+    desk.touch(*VIEW, telling)
+    telling.wait_for("/focus")
+    finish(hosts, host)
+    assert "/sent?q=ab+12" in telling.paths()
+
+
 def test_keys_count_again_once_the_field_has_lost_the_focus(hosts, telling, desk):
     page = "<input autofocus onfocus='fetch(`/focus`)'>" + TELL
     host = browse(hosts, telling.page("/a.html", page))
     telling.wait_for("/focus")
-    touch(desk, telling)
+    desk.touch(*VIEW, telling)
     desk.key("q")
     telling.wait_for("/keydown?KeyQ")
     events = finish(hosts, host)
     assert events.values("KeyStrokeNotify", "windowsKeyCode") == [81]
 
 
-def touch(desk, telling):
-    """Clicks until the page has noticed: the engine drops what comes before it has heard that the
-    page is on the screen."""
-    clicks = telling.paths().count("/click")
-
-    def noticed():
-        desk.click(*VIEW)
-        try:
-            return telling.wait_for("/click", clicks + 1, timeout=3)
-        except AssertionError:
-            return None
-    processes.wait_until(noticed, 60, "the page's notice of a click")
-
-
 def right_click(desk, telling, count=1):
     """Returns the windows that were there before."""
-    touch(desk, telling)
+    desk.touch(*VIEW, telling)
     before = desk.windows()
     desk.click(*VIEW, button=3)
     telling.wait_for("/contextmenu", count)

@@ -12,7 +12,7 @@ import threading
 import pytest
 
 from support import wine
-from support.steps import created, do, script, wait
+from support.steps import created, do, pixel, script, wait
 
 ENDINGS = int(os.environ.get("KZ_ENDINGS", "20"))
 SEED = int(os.environ.get("KZ_ENDING_SEED", "0")) or random.SystemRandom().randrange(1, 1 << 32)
@@ -66,7 +66,10 @@ def test_host_ends_cleanly_at_any_moment(hosts, site, tmp_path, number):
     ]
     # A popup takes the browser's place, and leaves none when it goes.
     if started and not popups:
-        endings.append([do("click", x=200, y=300, button="right")])
+        # The menu is open then: the engine does not survive a window that goes while it puts the
+        # focus there for a click.
+        endings.append([pixel(200, 300, "#ffffff"), do("click", x=200, y=300, button="right"),
+                        wait("BeforeContextMenuNotify")])
     ending = chance.choice(endings)
     moment = do("waitFile", path="moment", timeout=60_000)
     host = hosts.start([do("init"), do("browser", name="b1", url=site.page("/busy.html", BUSY),

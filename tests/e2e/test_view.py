@@ -84,7 +84,7 @@ def test_what_script_changes_is_painted(hosts, site):
     picture = hosts.folder / "after.png"
     hosts.run([created(), loaded(), pixel(400, 300, "#c02020"),
                script("document.body.style.background = 'rgb(16, 128, 64)'"),
-               pixel(400, 300, "#108040"),
+               pixel(400, 300, "#108040"), pixel(790, 590, "#2020c0"),
                do("screenshot", file=wine.windows_path(picture), area="view")],
               url=site.page("/a.html", CORNERS)).succeeded()
     assert image.near(image.pixel(picture, 400, 300), (16, 128, 64))

@@ -23,6 +23,19 @@ class Desk:
         """At a place of the screen; 1 is the left button, 3 the right one."""
         self._xdotool("mousemove", str(x), str(y), "click", str(button))
 
+    def touch(self, x, y, site):
+        """Clicks there until the page has asked the site for "/click": the engine drops what comes
+        before it has heard that the page is on the screen."""
+        clicks = site.paths().count("/click")
+
+        def noticed():
+            self.click(x, y)
+            try:
+                return site.wait_for("/click", clicks + 1, timeout=3)
+            except AssertionError:
+                return None
+        processes.wait_until(noticed, 60, "the page's notice of a click")
+
     def point_at(self, windows):
         """Moves the mouse to a place near the corner of one of the windows."""
         self._xdotool("mousemove", "--window", next(iter(windows)), "8", "4")
