@@ -8,6 +8,7 @@
 #include "file_operation.h"
 #include "get_proc_address.h"
 #include "graphics_processor.h"
+#include "locks_at_the_end.h"
 #include "memory.h"
 #include "painting.h"
 #include "precise_time.h"
@@ -27,6 +28,9 @@ const SuppliedFunction kFunctions[] = {
 
     {"QueryProcessCycleTime", AsProc(&SuppliedQueryProcessCycleTime)},
     {"QueryUnbiasedInterruptTimePrecise", AsProc(&SuppliedQueryUnbiasedInterruptTimePrecise)},
+
+    {"AcquireSRWLockExclusive", AsProc(&SuppliedAcquireSRWLockExclusive)},
+    {"AcquireSRWLockShared", AsProc(&SuppliedAcquireSRWLockShared)},
 
     {"DiscardVirtualMemory", AsProc(&SuppliedDiscardVirtualMemory)},
     {"VirtualAlloc2", nullptr},

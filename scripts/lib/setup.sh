@@ -77,6 +77,8 @@ kz_prepare_wine_prefix() {
   export WINEPREFIX=$1 WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
   # No offers to install Mono or Gecko, and no desktop integration.
   export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
+  # Memory of its own for every thread: see wine/README.md.
+  export MALLOC_ARENA_MAX=1024
   [ ! -e "$WINEPREFIX/system.reg" ] || return 0
   kz_say "preparing a Wine prefix"
   mkdir -p "$WINEPREFIX"

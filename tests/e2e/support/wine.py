@@ -25,6 +25,8 @@ def environment(prefix, display, extra=None):
         # Wine's own complaints may tell why a host ended without a word.
         "WINEDEBUG": "-all,err+all",
         "WINEDLLOVERRIDES": "mscoree,mshtml,winemenubuilder.exe=",
+        # Memory of its own for every thread: see wine/README.md.
+        "MALLOC_ARENA_MAX": "1024",
         "DISPLAY": display,
     }
     # What a developer has set for experiments of their own would change what is tested.
