@@ -1,7 +1,6 @@
-// Ends with the status 7 while one of its threads holds a lock, and takes that lock while its
-// modules are detached.
-//
-// Usage: lock_at_the_end supplied|own. Whose function takes the lock: the layer's or Wine's.
+// A DLL whose process ends with the status 7 while one of its threads holds a lock, and which takes
+// that lock when it is detached. For rundll32: "rundll32 lock_at_the_end.dll,End supplied" takes it
+// by the layer's function, any other word than "supplied" by Wine's.
 #include "locks_at_the_end.h"
 
 #include <cstring>
@@ -14,23 +13,10 @@ constexpr int kStatus = 7;
 SRWLOCK lock = SRWLOCK_INIT;
 bool takes_by_layer = false;
 
-void WINAPI Detach(void*, DWORD reason, void*) {
-  if (reason == DLL_PROCESS_DETACH) {
-    if (takes_by_layer) {
-      kz::wine::SuppliedAcquireSRWLockExclusive(&lock);
-    } else {
-      AcquireSRWLockExclusive(&lock);
-    }
-  }
-}
-
-// What the loader calls of a program when it detaches it.
-[[gnu::used, gnu::section(".CRT$XLY")]] const PIMAGE_TLS_CALLBACK detach = &Detach;
-
 }  // namespace
 
-int main(int count, char** arguments) {
-  takes_by_layer = count > 1 && std::strcmp(arguments[1], "supplied") == 0;
+extern "C" __declspec(dllexport) void CALLBACK End(HWND, HINSTANCE, char* word, int) {
+  takes_by_layer = std::strcmp(word, "supplied") == 0;
   const HANDLE held = CreateEventW(nullptr, TRUE, FALSE, nullptr);
   std::thread([held] {
     AcquireSRWLockExclusive(&lock);
@@ -39,4 +25,15 @@ int main(int count, char** arguments) {
   }).detach();
   WaitForSingleObject(held, INFINITE);
   ExitProcess(kStatus);
+}
+
+BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*) {
+  if (reason == DLL_PROCESS_DETACH) {
+    if (takes_by_layer) {
+      kz::wine::SuppliedAcquireSRWLockExclusive(&lock);
+    } else {
+      AcquireSRWLockExclusive(&lock);
+    }
+  }
+  return TRUE;
 }

@@ -17,7 +17,7 @@ constexpr DWORD kLongEnoughMilliseconds = 2'000;
 class Ending {
  public:
   explicit Ending(const std::string& whose) {
-    std::string command = "\"" KZ_LOCK_AT_THE_END "\" " + whose;
+    std::string command = "rundll32 " KZ_LOCK_AT_THE_END ",End " + whose;
     STARTUPINFOA startup{};
     startup.cb = sizeof(startup);
     if (CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
