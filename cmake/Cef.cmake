@@ -19,17 +19,17 @@ if(CEF_ROOT)
   file(GLOB_RECURSE wrapper_sources CONFIGURE_DEPENDS ${CEF_ROOT}/libcef_dll/*.cc)
   # For macOS, where the framework is loaded by hand.
   list(FILTER wrapper_sources EXCLUDE REGEX "/libcef_dll_dylib\\.cc$")
-  add_library(cef_distribution STATIC ${wrapper_sources})
-  target_include_directories(cef_distribution PRIVATE ${CEF_ROOT})
+  add_library(kz_cef_distribution STATIC ${wrapper_sources})
+  target_include_directories(kz_cef_distribution PRIVATE ${CEF_ROOT})
   # A vendor's headers are system headers: our warnings are not for them.
-  target_include_directories(cef_distribution SYSTEM INTERFACE ${CEF_ROOT})
-  target_compile_definitions(cef_distribution
+  target_include_directories(kz_cef_distribution SYSTEM INTERFACE ${CEF_ROOT})
+  target_compile_definitions(kz_cef_distribution
     PRIVATE WRAPPING_CEF_SHARED
     PUBLIC UNICODE _UNICODE NOMINMAX USING_CEF_SHARED=1)
   if(NOT MSVC)
-    target_compile_options(cef_distribution PRIVATE -w)
+    target_compile_options(kz_cef_distribution PRIVATE -w)
   endif()
-  target_link_libraries(cef_distribution PUBLIC ${CEF_ROOT}/Release/libcef.lib)
-  add_library(cef::base ALIAS cef_distribution)
-  add_library(cef::cef ALIAS cef_distribution)
+  target_link_libraries(kz_cef_distribution PUBLIC ${CEF_ROOT}/Release/libcef.lib)
+  add_library(cef::base ALIAS kz_cef_distribution)
+  add_library(cef::cef ALIAS kz_cef_distribution)
 endif()

@@ -38,7 +38,7 @@ class ClientObject final : public StructOf<Class> {
     if (!structure || BaseOf(structure)->release != &ReleaseStruct) {
       return nullptr;
     }
-    const CefRefPtr<Class> object = ObjectOf(structure);
+    CefRefPtr<Class> object = ObjectOf(structure);
     ReleaseStruct(BaseOf(structure));
     return object;
   }

@@ -42,6 +42,19 @@ void Free(capi::cef_string_multimap_t* texts) {
   CallLibrary(&capi::Functions::cef_string_multimap_free, texts);
 }
 
+template <typename Texts, typename Container, typename SizeOf, typename KeyAt, typename ValueAt>
+void CopyPairs(Texts* texts, Container& target, SizeOf size_of, KeyAt key_at, ValueAt value_at) {
+  target.clear();
+  const size_t size = texts ? CallLibrary(size_of, texts) : 0;
+  for (size_t i = 0; i < size; ++i) {
+    CefString key;
+    CefString value;
+    CallLibrary(key_at, texts, i, &key);
+    CallLibrary(value_at, texts, i, &value);
+    target.emplace(key, value);
+  }
+}
+
 }  // namespace
 
 void CopyTexts(capi::cef_string_list_t* texts, TextList& target) {
@@ -55,27 +68,13 @@ void CopyTexts(capi::cef_string_list_t* texts, TextList& target) {
 }
 
 void CopyTexts(capi::cef_string_map_t* texts, TextMap& target) {
-  target.clear();
-  const size_t size = texts ? CallLibrary(&capi::Functions::cef_string_map_size, texts) : 0;
-  for (size_t i = 0; i < size; ++i) {
-    CefString key;
-    CefString value;
-    CallLibrary(&capi::Functions::cef_string_map_key, texts, i, &key);
-    CallLibrary(&capi::Functions::cef_string_map_value, texts, i, &value);
-    target.emplace(key, value);
-  }
+  CopyPairs(texts, target, &capi::Functions::cef_string_map_size,
+            &capi::Functions::cef_string_map_key, &capi::Functions::cef_string_map_value);
 }
 
 void CopyTexts(capi::cef_string_multimap_t* texts, TextMultimap& target) {
-  target.clear();
-  const size_t size = texts ? CallLibrary(&capi::Functions::cef_string_multimap_size, texts) : 0;
-  for (size_t i = 0; i < size; ++i) {
-    CefString key;
-    CefString value;
-    CallLibrary(&capi::Functions::cef_string_multimap_key, texts, i, &key);
-    CallLibrary(&capi::Functions::cef_string_multimap_value, texts, i, &value);
-    target.emplace(key, value);
-  }
+  CopyPairs(texts, target, &capi::Functions::cef_string_multimap_size,
+            &capi::Functions::cef_string_multimap_key, &capi::Functions::cef_string_multimap_value);
 }
 
 template <TextContainer Container>

@@ -7,6 +7,7 @@ system does then is to call ExitProcess on another thread.
 
 import signal
 import subprocess
+import threading
 import time
 
 import pytest
@@ -15,6 +16,8 @@ from support import processes, wine
 
 # From the moment at which a host says that it ends.
 LONGEST = 10
+# From its start to that moment.
+TO_BE_READY = 100
 STATUS = 7
 
 SCRIPT = """
@@ -27,7 +30,7 @@ WScript.Echo "ready"
 WScript.Quit 7
 """
 
-pytestmark = pytest.mark.leaves_lock
+pytestmark = [pytest.mark.leaves_lock, pytest.mark.ends_abruptly]
 
 
 @pytest.fixture
@@ -41,9 +44,14 @@ def launch(prefix, display, tmp_path):
                                        env=wine.environment(prefix, display), stdout=subprocess.PIPE,
                                        stdin=subprocess.DEVNULL, stderr=errors)
         started.append(process)
-        for line in process.stdout:
-            if line.strip() == b"ready":
-                return process
+        stuck = threading.Timer(TO_BE_READY, process.kill)
+        stuck.start()
+        try:
+            for line in process.stdout:
+                if line.strip() == b"ready":
+                    return process
+        finally:
+            stuck.cancel()
         raise AssertionError(f"the host did not come that far: status {process.wait()}\n"
                              + (tmp_path / "errors").read_text(errors="replace"))
     yield start
@@ -57,7 +65,7 @@ def launch(prefix, display, tmp_path):
 def host(launch, tmp_path):
     """Starts the host that ends the way it is told; `url` is empty for none but the engine."""
     def start(way, url=""):
-        return launch(wine.bin_folder().parent / "tests/e2e/abrupt_host.exe",
+        return launch(wine.bin_folder().parent / "tests/e2e/kz_abrupt_host.exe",
                       wine.windows_path(wine.bin_folder() / "KZCEFComWrapper.dll"),
                       wine.windows_path(tmp_path / "cache"), url, way)
     return start

@@ -1,6 +1,7 @@
 """Processes of this machine, looked up by what stands on their command lines."""
 
 import os
+import signal
 import time
 from pathlib import Path
 
@@ -33,6 +34,18 @@ def engine_processes(folder):
     """The engine's processes beside its host whose profile lies in `folder`: each is told where."""
     profile = f"--user-data-dir={wine.windows_path(folder)}"
     return {pid: line for pid, line in naming(profile).items() if _PROGRAM in line}
+
+
+def end_unbegun(folder):
+    """Ends those of the engine's processes that have come to nothing. The system makes a process in
+    two steps, and lets its first thread run in the second; a process whose parent is ended in between
+    stays as it is, on Windows too."""
+    for pid in engine_processes(folder):
+        try:
+            if len(os.listdir(f"/proc/{pid}/task")) == 1:
+                os.kill(pid, signal.SIGKILL)
+        except (FileNotFoundError, ProcessLookupError):
+            pass  # it has ended meanwhile
 
 
 def engine_process(folder, kind):

@@ -36,6 +36,13 @@ def environment(prefix, display, extra=None):
     return variables
 
 
+def set_registry_value(variables, key, name, value, kind="REG_SZ"):
+    subprocess.run([REPOSITORY / "cmake/run-wine", "reg", "add", key, "/v", name, "/t", kind, "/d",
+                    value, "/f"],
+                   env=variables, timeout=120, check=True, stdin=subprocess.DEVNULL,
+                   stdout=subprocess.DEVNULL)
+
+
 def prepare_prefix(prefix, display):
     """Creates the prefix if it is not there, and gives it what the engine needs."""
     if not (prefix / "system.reg").exists():
@@ -47,22 +54,20 @@ def prepare_prefix(prefix, display):
         subprocess.run(["wineserver", "-w"], env=variables, timeout=300, check=True)
     # A program that crashes ends, with a back trace, and leaves no window behind that takes the
     # keyboard from the tests after it.
-    subprocess.run([REPOSITORY / "cmake/run-wine", "reg", "add", r"HKCU\Software\Wine\WineDbg", "/v",
-                    "ShowCrashDialog", "/t", "REG_DWORD", "/d", "0", "/f"],
-                   env=environment(prefix, display), timeout=120, check=True,
-                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
+    set_registry_value(environment(prefix, display), r"HKCU\Software\Wine\WineDbg",
+                       "ShowCrashDialog", "0", "REG_DWORD")
     layer = bin_folder().parent / "wine" / "bcryptprimitives.dll"
     subprocess.run([REPOSITORY / "wine" / "prepare_prefix.py", prefix, layer], timeout=300,
                    check=True, stdin=subprocess.DEVNULL)
 
 
 class Display:
-    """The display of the environment, or an Xvfb of its own where there is none."""
+    """The display of the environment, or an Xvfb of its own where there is none or `own` is true."""
 
-    def __init__(self):
+    def __init__(self, own=False):
         self._xvfb = None
         self.name = os.environ.get("DISPLAY", "")
-        if not self.name:
+        if own or not self.name:
             self._start()
 
     def _start(self):

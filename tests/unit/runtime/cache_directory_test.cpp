@@ -25,7 +25,7 @@ namespace kzcef {
 namespace {
 
 std::string RacerPath() {
-  return WideToUtf8(GetExecutableFolder()) + "\\cache_racer.exe";
+  return WideToUtf8(GetExecutableFolder()) + "\\kz_cache_racer.exe";
 }
 
 // A process that runs and waits, whatever it is asked to hold. It dies with the test.

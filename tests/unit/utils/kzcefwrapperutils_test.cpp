@@ -20,7 +20,7 @@ using ::testing::internal::CaptureStderr;
 using ::testing::internal::GetCapturedStderr;
 
 std::string ProbePath() {
-  return WideToUtf8(GetExecutableFolder()) + "\\process_probe.exe";
+  return WideToUtf8(GetExecutableFolder()) + "\\kz_process_probe.exe";
 }
 
 TEST(Conversions, CarryTextsBeyondTheAnsiCodePage) {

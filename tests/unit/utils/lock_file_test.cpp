@@ -24,7 +24,7 @@ using ::testing::internal::CaptureStderr;
 using ::testing::internal::GetCapturedStderr;
 
 std::string ProbePath() {
-  return WideToUtf8(GetExecutableFolder()) + "\\process_probe.exe";
+  return WideToUtf8(GetExecutableFolder()) + "\\kz_process_probe.exe";
 }
 
 // A process that claimed, or began to write, the lock file, as `command` says.
