@@ -24,8 +24,8 @@ size_t ProgramLength(std::wstring_view command_line) {
 
 // Chromium names the kind of every process that it starts itself. Such a process ends itself when
 // nobody has connected to it within 15 s, which a busy machine needs longer for under Wine: the
-// first page would then not be loaded ("Network service crashed" in the log). Not much longer, since
-// that is also the end of a process whose parent ends before it has connected.
+// first page would then not be loaded ("Network service crashed" in the log). Not much longer,
+// since that is also the end of a process whose parent ends before it has connected.
 std::wstring EngineCommandLine() {
   const std::wstring_view own = GetCommandLineW();
   return WithFirstArgument(

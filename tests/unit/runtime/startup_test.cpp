@@ -114,7 +114,7 @@ TEST_F(StartupTest, TellsEverybodyTheDirectoryReallyUsed) {
       FileHandle(CreateFileW(Utf8ToWide(LockPath()).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                              FILE_ATTRIBUTE_NORMAL, nullptr));
   EXPECT_TRUE(StartCefRuntime(nullptr, &settings_));
-  const std::wstring numbered = folder_.wide_path() + L"\\startup_test_1";
+  const std::wstring numbered = folder_.wide_path() + L"\\kz_test_startup_1";
   EXPECT_EQ(TextOf(TheInitialization().settings.cache_path), numbered);
   EXPECT_EQ(CachePath(), numbered);
 }
