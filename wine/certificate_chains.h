@@ -1,3 +1,4 @@
+// Finding the user's own certificates; the gap is told in the .cpp.
 #pragma once
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// The shell's file operations; the gap is told in the .cpp.
 #pragma once
 
 #include <windows.h>

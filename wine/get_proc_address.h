@@ -1,3 +1,4 @@
+// Functions that the engine asks for by name; the gap is told in the .cpp.
 #pragma once
 
 #include <windows.h>

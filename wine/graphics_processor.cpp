@@ -1,3 +1,4 @@
+// Command lines of the engine's processes, read and changed; the gap is told in the header.
 #include "graphics_processor.h"
 
 namespace kz::wine {

@@ -9,8 +9,10 @@
 // made CEF ignore the command line (CefSettings::command_line_args_disabled), so a GPU process that
 // is to use a graphics processor, which is one without the switches "use-gl" and "use-angle", is
 // not started at all: the engine tries it three times within half a second, and then does without.
-// Superfluous: when a page is seen at once, and the log has no "GPU process exited unexpectedly",
-// without these functions.
+//
+// The command line also gives the engine's processes longer to wait for each other than Chromium
+// does, which a busy machine needs under Wine. Superfluous: when a page is seen at once, and the
+// log has no "GPU process exited unexpectedly", without these functions.
 #pragma once
 
 #include <windows.h>

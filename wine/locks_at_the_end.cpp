@@ -1,3 +1,4 @@
+// Slim locks that know when their process is ending; the gap is told in the header.
 #include "locks_at_the_end.h"
 
 // From the Windows documentation; no header of the SDK has it.

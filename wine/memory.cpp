@@ -1,3 +1,4 @@
+// Functions of the memory manager; the gap is told in the header.
 #include "memory.h"
 
 namespace kz::wine {

@@ -1,3 +1,4 @@
+// Pixels from another process; the gap is told in the header.
 #include "painting.h"
 
 #include <wchar.h>

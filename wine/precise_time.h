@@ -1,3 +1,4 @@
+// The time since the start of the system, without the time asleep; the gap is told in the .cpp.
 #pragma once
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// What the system knows about a process and its machine; the gap is told in the header.
 #include "process_information.h"
 
 namespace kz::wine {

@@ -1,3 +1,4 @@
+// The cycles that a process has used; the gap is told in the .cpp.
 #pragma once
 
 #include <windows.h>

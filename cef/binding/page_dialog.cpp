@@ -120,7 +120,7 @@ std::shared_ptr<PageDialog> PageDialog::Show(HWND owner,
                                              PageDialogKind kind,
                                              PageDialogTexts texts,
                                              Answer answer) {
-  const std::shared_ptr<PageDialog> dialog(
+  std::shared_ptr<PageDialog> dialog(
       new PageDialog(owner, kind, std::move(texts), std::move(answer)));
   // Nobody waits for the thread: taking the window down may need the owner's thread, which may be
   // the one that would wait.

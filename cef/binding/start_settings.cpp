@@ -79,7 +79,7 @@ fs::path TemporaryFolder() {
   const fs::path base = fs::temp_directory_path(error);
   const std::wstring stem = L"cef_" + std::to_wstring(GetCurrentProcessId()) + L"_";
   for (ULONGLONG number = GetTickCount64(); !error; ++number) {
-    const fs::path folder = base / (stem + std::to_wstring(number));
+    fs::path folder = base / (stem + std::to_wstring(number));
     if (fs::create_directory(folder, error)) {
       return folder;
     }

@@ -196,16 +196,15 @@ TEST(ValuesTest, ManyThreadsMayUseOneTree) {
         if (list) {
           list->SetInt(static_cast<size_t>(t), i);
         }
-        if (t == 0) {
-          root->SetList("l", CefListValue::Create());
-        }
       }
     });
   }
   for (std::thread& thread : threads) {
     thread.join();
   }
-  EXPECT_TRUE(root->GetList("l")->IsValid());
+  for (size_t t = 0; t < 4; ++t) {
+    EXPECT_EQ(root->GetList("l")->GetInt(t), 499);
+  }
 }
 
 }  // namespace
