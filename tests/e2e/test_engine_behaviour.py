@@ -39,8 +39,7 @@ def test_alert_confirm_and_prompt_show_a_dialog_each(hosts, site, desk, keys, an
     host.wait_for("BrowserCreatedNotify")
     for pressed in keys:
         dialog = desk.wait_for_named(title_of(site), timeout=40)
-        # The display has no window manager: keys go to the window under the pointer.
-        desk.point_at(dialog)
+        desk.activate(dialog)
         desk.key(*pressed)
         desk.wait_until_gone(dialog)
     events = host.finish().succeeded()
@@ -102,7 +101,7 @@ def test_page_that_asks_is_left_when_the_user_agrees(hosts, site, desk):
     other = site.page("/other.html")
     host, dialog = ask(hosts, site, desk, load(other),
                        wait("AddressChangeNotify", NewAddress=other), loaded())
-    desk.point_at(dialog)
+    desk.activate(dialog)
     desk.key("Return")
     desk.wait_until_gone(dialog)
     host.finish().succeeded()
@@ -113,7 +112,7 @@ def test_page_that_asks_stays_when_the_user_does_not_agree(hosts, site, desk):
                        do("waitFile", path="answered", timeout=60_000),
                        script("fetch('/still-here')"), wait("ResourceResponseNotify",
                                                             URLStr="*/still-here"))
-    desk.point_at(dialog)
+    desk.activate(dialog)
     desk.key("Escape")
     desk.wait_until_gone(dialog)
     (hosts.folder / "answered").touch()

@@ -36,9 +36,10 @@ class Desk:
                 return None
         processes.wait_until(noticed, 60, "the page's notice of a click")
 
-    def point_at(self, windows):
-        """Moves the mouse to a place near the corner of one of the windows."""
-        self._xdotool("mousemove", "--window", next(iter(windows)), "8", "4")
+    def activate(self, windows):
+        """Clicks on the caption of one of the windows: without a window manager nobody else gives it
+        the keyboard, and keys go to the window under the pointer."""
+        self._xdotool("mousemove", "--window", next(iter(windows)), "60", "8", "click", "1")
 
     def key(self, *names):
         self._xdotool("key", *names)
