@@ -1,5 +1,5 @@
-// A dialog window for JavaScript's alert, confirm and prompt, and for the question whether a page may
-// be left.
+// A dialog window for JavaScript's alert, confirm and prompt, and for the question whether a page
+// may be left.
 #pragma once
 
 #include <windows.h>
