@@ -1,10 +1,11 @@
-// Shows that script runs: changes the title, writes to the console, answers the form.
+// Shows that script runs: changes the title, names the engine, writes to the console, answers the form.
 "use strict";
 
 const greeting = document.getElementById("greeting");
 
 document.title = "A page in a host's window";
 greeting.textContent = "The script has run.";
+document.getElementById("agent").textContent = navigator.userAgent;
 console.log("The sample page is ready.");
 
 document.getElementById("form").addEventListener("submit", (event) => {
