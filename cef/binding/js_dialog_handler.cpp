@@ -82,6 +82,12 @@ PageDialogKind KindOf(cef_jsdialog_type_t type) {
   }
 }
 
+// Null for a browser that has no window any more.
+HWND ViewOf(CefBrowser& browser) {
+  const CefRefPtr<CefBrowserHost> host = browser.GetHost();
+  return host ? host->GetWindowHandle() : nullptr;
+}
+
 void ShowDialog(CefBrowser& browser,
                 HWND view,
                 PageDialogKind kind,
@@ -109,8 +115,7 @@ class JavaScriptDialogHandler final : public CefJSDialogHandler {
                   const CefString& default_prompt_text,
                   CefRefPtr<CefJSDialogCallback> callback,
                   bool& suppress_message) override {
-    const CefRefPtr<CefBrowserHost> host = browser->GetHost();
-    const HWND view = host ? host->GetWindowHandle() : nullptr;
+    const HWND view = ViewOf(*browser);
     if (!IsWindowVisible(view)) {
       // Nobody can see it: CEF 123 let an alert's page go on, and refused the others.
       if (dialog_type == JSDIALOGTYPE_ALERT) {
@@ -135,8 +140,7 @@ class JavaScriptDialogHandler final : public CefJSDialogHandler {
                             const CefString& /*message_text*/,
                             bool is_reload,
                             CefRefPtr<CefJSDialogCallback> callback) override {
-    const CefRefPtr<CefBrowserHost> host = browser->GetHost();
-    const HWND view = host ? host->GetWindowHandle() : nullptr;
+    const HWND view = ViewOf(*browser);
     if (IsForcedToClose(*browser) || !IsWindowVisible(view)) {
       callback->Continue(true, CefString());
       return true;

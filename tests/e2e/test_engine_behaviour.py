@@ -1,7 +1,6 @@
 """What only the engine can show: that it behaves as CEF 123 did."""
 
 import json
-import threading
 
 import pytest
 
@@ -74,27 +73,26 @@ def test_dialog_goes_with_its_page(hosts, site, desk):
     host.finish().succeeded()
 
 
-def test_page_is_not_asked_when_its_window_is_closed(hosts, site, desk):
-    site.raw("/click", b"", "text/plain")
-    host = hosts.start([created(), loaded(), do("waitFile", path="seen", timeout=60_000),
-                        do("close")],
-                       url=site.page("/asks.html", ASKS_BEFORE_UNLOAD))
-    host.wait_for("LoadEndNotify")
-    desk.touch(300, 250, site)
-    (hosts.folder / "seen").touch()
-    host.finish().succeeded()
-
-
-def ask(hosts, site, desk, *steps):
-    """A host whose page has asked whether it may be left; returns the dialog, too."""
+def touch(hosts, site, desk, *steps):
+    """A host that carries out the steps once the user has touched its page, which asks before it is
+    left: only a page that was touched may."""
     site.raw("/click", b"", "text/plain")
     host = hosts.start([created(), loaded(), do("waitFile", path="touched", timeout=60_000),
                         do("mark"), *steps], url=site.page("/asks.html", ASKS_BEFORE_UNLOAD))
     host.wait_for("LoadEndNotify")
-    # Only a page that was touched may ask.
     desk.touch(300, 250, site)
     (hosts.folder / "touched").touch()
-    return host, desk.wait_for_named("^(Leave|Reload) site", timeout=40)
+    return host
+
+
+def ask(hosts, site, desk, *steps):
+    """The same, and the dialog in which the page asks."""
+    return (touch(hosts, site, desk, *steps),
+            desk.wait_for_named("^(Leave|Reload) site", timeout=40))
+
+
+def test_page_is_not_asked_when_its_window_is_closed(hosts, site, desk):
+    touch(hosts, site, desk, do("close")).finish().succeeded()
 
 
 def test_page_that_asks_is_left_when_the_user_agrees(hosts, site, desk):
